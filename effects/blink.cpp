@@ -1,0 +1,10 @@
+#include "effects/blink.h"
+
+namespace effects {
+
+void blink_line(std::array<form::PictureBox, form::layout::kCellCount>& Picture1,
+                const std::array<std::uint8_t, 3>& line) {
+    for (const auto cell : line) Picture1[cell].Visible = !Picture1[cell].Visible;
+}
+
+}  // namespace effects

@@ -1,0 +1,13 @@
+#include "effects/toss.h"
+
+namespace effects {
+
+bool Toss::tick(std::uint8_t toss_limit, form::Label& Label1, form::Shape& Shape1) {
+    ++toss_tick;
+    Shape1.BorderColor = form::kBlue;
+    Label1.ForeColor = form::kRed;
+    Label1.Caption = toss_tick % 2 == 0 ? kHumanFirst : kComputerFirst;
+    return toss_tick == toss_limit;
+}
+
+}  // namespace effects

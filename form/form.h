@@ -1,0 +1,80 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+
+#include "form/controls.h"
+#include "form/layout.h"
+#include "form/random.h"
+
+namespace form {
+
+enum class ButtonId { Command1, Command2 };
+enum class TimerId { Timer1, Timer2, Timer3 };
+
+// The one window and its controls, built from the layout, and the runtime's side of events:
+// whoever drives the form (the Qt backend, or a test) delivers clicks and ticks through the
+// public calls below, one at a time. A subclass supplies the event procedures.
+//
+//     Form1 form;          // controls laid out, Timer3 enabled
+//     form.load();         // Form_Load
+//     form.click(ButtonId::Command1);
+//     form.tick(TimerId::Timer1);
+class Form {
+public:
+    explicit Form(std::unique_ptr<RandomSource> random);
+    virtual ~Form() = default;
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    std::string Caption;
+    std::array<PictureBox, layout::kCellCount> Picture1;
+    CommandButton Command1;
+    CommandButton Command2;
+    Label Label1;
+    Shape Shape1;
+    Label Label2;
+    Label Label3;
+    Timer Timer1;
+    Timer Timer2;
+    Timer Timer3;
+    std::array<Image, layout::kBannerFrameCount> Image1;
+    Image Image2;
+
+    // Delivers Form_Load; only the first call does anything, and nothing else is delivered
+    // before it.
+    void load();
+    // A click on Picture1(index); an index outside 0 to 8 is no cell and is ignored.
+    void click_cell(int index);
+    // A disabled button delivers no click.
+    void click(ButtonId button);
+    // A disabled timer delivers no tick.
+    void tick(TimerId timer);
+
+    // After Unload the form is gone: nothing more is delivered and the program should end.
+    bool unloaded() const { return unloaded_; }
+    const Timer& timer(TimerId id) const;
+
+protected:
+    void Unload() { unloaded_ = true; }
+    void randomize() { random_->randomize(); }
+    float random_next() { return random_->random_next(); }
+
+    virtual void Form_Load() = 0;
+    virtual void Command1_Click() = 0;
+    virtual void Command2_Click() = 0;
+    virtual void Picture1_Click(int index) = 0;
+    virtual void Timer1_Timer() = 0;
+    virtual void Timer2_Timer() = 0;
+    virtual void Timer3_Timer() = 0;
+
+private:
+    bool accepts_events() const { return loaded_ && !unloaded_; }
+
+    std::unique_ptr<RandomSource> random_;
+    bool loaded_ = false;
+    bool unloaded_ = false;
+};
+
+}  // namespace form

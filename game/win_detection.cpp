@@ -1,0 +1,59 @@
+#include <array>
+#include <cstdint>
+
+#include "game/form1.h"
+
+namespace game {
+
+namespace {
+
+// The eight lines in testing order, grouped by an anchor cell that every line of its group
+// passes through. A group whose anchor is empty cannot hold a line and is skipped.
+struct LineGroup {
+    std::uint8_t anchor;
+    std::uint8_t line_count;
+    std::array<std::array<std::uint8_t, 3>, 3> lines;
+};
+
+constexpr std::array<LineGroup, 3> kLineGroups{{
+    {0, 3, {{{0, 1, 2}, {0, 3, 6}, {0, 4, 8}}}},
+    {4, 3, {{{1, 4, 7}, {2, 4, 6}, {3, 4, 5}}}},
+    {8, 2, {{{2, 5, 8}, {6, 7, 8}, {}}}},
+}};
+
+}  // namespace
+
+// Does not stop at a hit: every complete line is announced, and the last one found is the one
+// that blinks. Called by draw_ox before move_no moves on.
+void Form1::check_win() {
+    for (const auto& group : kLineGroups) {
+        if (mark_at(group.anchor) == 0) continue;
+        const auto& anchor_tag = Picture1[group.anchor].Tag;
+        for (std::size_t l = 0; l < group.line_count; ++l) {
+            const auto [a, b, c] = group.lines[l];
+            if (Picture1[a].Tag == anchor_tag && Picture1[b].Tag == anchor_tag &&
+                Picture1[c].Tag == anchor_tag) {
+                show_win(a, b, c);
+            }
+        }
+    }
+    if (game_over) {
+        // Closes the board: no cell reads as empty any more, so clicks find nothing to play.
+        for (auto& cell : Picture1) cell.Tag = "1";
+        Command1.Enabled = true;
+    }
+}
+
+void Form1::show_win(std::uint8_t a, std::uint8_t b, std::uint8_t c) {
+    win_a = a;
+    win_b = b;
+    win_c = c;
+    Timer2.Enabled = true;
+    game_over = true;
+    // Odd moves are the first player's: the human made the last move when the parities of
+    // toss_limit and move_no differ. Label2 keeps its colour.
+    const bool human_moved_last = (toss_limit + move_no) % 2 == 1;
+    Label2.Caption = human_moved_last ? kHumanWins : kHumanLoses;
+}
+
+}  // namespace game
