@@ -4,6 +4,29 @@
 
 namespace form {
 
+namespace {
+
+CommandButton button(const char* caption, Bounds bounds, int tab_index) {
+    CommandButton button;
+    button.Caption = caption;
+    button.font = layout::kButtonFont;
+    button.bounds = bounds;
+    button.TabIndex = tab_index;
+    return button;
+}
+
+// Label1 and Label2: empty until the game writes them.
+Label caption_label(Bounds bounds, int tab_index) {
+    Label label;
+    label.alignment = Alignment::Centre;
+    label.font = layout::kCaptionFont;
+    label.bounds = bounds;
+    label.TabIndex = tab_index;
+    return label;
+}
+
+}  // namespace
+
 Form::Form(std::unique_ptr<RandomSource> random)
     : Caption(layout::kFormCaption), random_(std::move(random)) {
     for (int i = 0; i < layout::kCellCount; ++i) {
@@ -14,25 +37,28 @@ Form::Form(std::unique_ptr<RandomSource> random)
         cell.TabIndex = i;
     }
 
-    Command1 = {layout::kStartCaption, true, layout::kButtonFont, layout::kCommand1,
-                layout::kCommand1TabIndex};
-    Command2 = {layout::kExitCaption, true, layout::kButtonFont, layout::kCommand2,
-                layout::kCommand2TabIndex};
+    Command1 = button(layout::kStartCaption, layout::kCommand1, layout::kCommand1TabIndex);
+    Command2 = button(layout::kExitCaption, layout::kCommand2, layout::kCommand2TabIndex);
 
-    Label1 = {"", std::nullopt, Alignment::Centre, false, layout::kCaptionFont, layout::kLabel1,
-              layout::kLabel1TabIndex};
-    Shape1 = {std::nullopt, layout::kShape1};
-    Label2 = {"", std::nullopt, Alignment::Centre, false, layout::kCaptionFont, layout::kLabel2,
-              layout::kLabel2TabIndex};
-    Label3 = {layout::kRulesCaption, std::nullopt, Alignment::Left, true, layout::kRulesFont,
-              layout::kLabel3, layout::kLabel3TabIndex};
+    Label1 = caption_label(layout::kLabel1, layout::kLabel1TabIndex);
+    Shape1.bounds = layout::kShape1;
+    Label2 = caption_label(layout::kLabel2, layout::kLabel2TabIndex);
+    Label3.Caption = layout::kRulesCaption;
+    Label3.word_wrap = true;
+    Label3.font = layout::kRulesFont;
+    Label3.bounds = layout::kLabel3;
+    Label3.TabIndex = layout::kLabel3TabIndex;
 
     Timer1 = {false, layout::kTossInterval};
     Timer2 = {false, layout::kBlinkInterval};
     Timer3 = {true, layout::kBannerInterval};
 
-    for (auto& frame : Image1) frame = {nullptr, false, false, layout::kImage1};
-    Image2 = {nullptr, true, true, layout::kImage2};
+    for (auto& frame : Image1) {
+        frame.Visible = false;
+        frame.bounds = layout::kImage1;
+    }
+    Image2.Stretch = true;
+    Image2.bounds = layout::kImage2;
 }
 
 void Form::load() {

@@ -28,8 +28,8 @@ inline constexpr std::string_view kDraw = "和局！";
 // timers.cpp (the toss, the blink and the banner from effects/).
 class Form1 final : public form::Form {
 public:
-    explicit Form1(std::unique_ptr<form::RandomSource> random =
-                       std::make_unique<form::ClockRandom>());
+    explicit Form1(
+        std::unique_ptr<form::RandomSource> random = std::make_unique<form::ClockRandom>());
 
     // Number of the move being played: 1 at Start, 10 once the ninth has been played.
     std::uint8_t move_no = 0;
