@@ -1,0 +1,29 @@
+#include "assets/banner_frames.h"
+
+#include <cstddef>
+
+#include "assets/banner/banner_data.h"
+#include "form/colour.h"
+
+namespace assets {
+
+static_assert(banner::kFrameCount == form::layout::kBannerFrameCount);
+
+std::array<std::shared_ptr<const form::Picture>, form::layout::kBannerFrameCount>
+make_banner_frames() {
+    const auto order = banner::pen_order();
+    const auto counts = banner::ink_counts();
+
+    std::array<std::shared_ptr<const form::Picture>, form::layout::kBannerFrameCount> frames;
+    form::Picture page(banner::kWidth, banner::kHeight, form::kSilver, form::kBlack);
+    std::size_t written = 0;
+    for (std::size_t frame = 0; frame < frames.size(); ++frame) {
+        for (; written < counts[frame]; ++written) {
+            page.set_ink(order[written] % 256, order[written] / 256);
+        }
+        frames[frame] = std::make_shared<const form::Picture>(page);
+    }
+    return frames;
+}
+
+}  // namespace assets
