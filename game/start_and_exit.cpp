@@ -1,11 +1,16 @@
 #include <utility>
 
+#include "assets/banner_frames.h"
 #include "form/text.h"
 #include "game/form1.h"
 
 namespace game {
 
-Form1::Form1(std::unique_ptr<form::RandomSource> random) : form::Form(std::move(random)) {}
+Form1::Form1(std::unique_ptr<form::RandomSource> random) : form::Form(std::move(random)) {
+    // The banner's frames are loaded with the form, so a tick only hands one over.
+    const auto frames = assets::make_banner_frames();
+    for (std::size_t i = 0; i < frames.size(); ++i) Image1[i].picture = frames[i];
+}
 
 int Form1::mark_at(int cell) const {
     return form::numeric_value(Picture1[static_cast<std::size_t>(cell)].Tag);
