@@ -59,7 +59,7 @@ std::vector<std::string> frame_faults(const std::vector<Picture>& frames) {
                    : frame.ink_count() - frames[static_cast<std::size_t>(k) - 1].ink_count();
         if (k == 0 && added != 0) faults.push_back("frame 0 is not blank");
         if (k > 0 && (added < kMinStep || added > kMaxStep)) {
-            faults.push_back(name + " adds " + std::to_string(added));
+            faults.push_back(name + " adds " + std::to_string(added) + " ink pixels");
         }
     }
     if (const int ink = frames.back().ink_count(); ink != kFinalInk) {
@@ -128,8 +128,8 @@ TEST(BannerFrames, EachBreakageIsCaught) {
         const char* fault;
     };
     const std::vector<Case> cases = {
-        {"a frame adds 5", [] { return frames_with_step(kMinStep - 1); }, "adds 5"},
-        {"a frame adds 59", [] { return frames_with_step(kMaxStep + 1); }, "adds 59"},
+        {"a frame adds 5", [] { return frames_with_step(kMinStep - 1); }, "adds 5 ink pixels"},
+        {"a frame adds 59", [] { return frames_with_step(kMaxStep + 1); }, "adds 59 ink pixels"},
         {"an ink pixel disappears",
          [] {
              auto frames = real_frames();
