@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Renders the committed PNG icons from the SVG. Run after editing the SVG; needs rsvg-convert
+# (librsvg2-bin). The PNGs are committed so that building does not need librsvg.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+name=io.github.sanlian.Sanlian
+for size in 48 256; do
+    mkdir -p "${size}x${size}"
+    rsvg-convert --width "$size" --height "$size" --format png \
+        --output "${size}x${size}/$name.png" "$name.svg"
+done
