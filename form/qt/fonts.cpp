@@ -1,0 +1,67 @@
+#include "form/qt/fonts.h"
+
+#include <QFile>
+#include <QFontDatabase>
+#include <QString>
+#include <QStringList>
+
+#include <array>
+
+namespace form::qt {
+
+namespace {
+
+struct StandIn {
+    const char* face;      // UTF-8, as the layout names it
+    const char* family;    // the family inside the resource
+    const char* resource;  // built from Debian's fonts by assets/fonts/make-subsets.sh
+};
+
+// The first entry also stands in for any face not listed.
+constexpr std::array<StandIn, 2> kStandIns{{
+    {"宋体", "Sanlian Serif", ":/fonts/sanlian-serif.otf"},
+    {"隶书", "Sanlian Kai", ":/fonts/sanlian-kai.ttf"},
+}};
+
+const StandIn& stand_in_for(const char* face) {
+    for (const auto& entry : kStandIns) {
+        if (QString::fromUtf8(face) == QString::fromUtf8(entry.face)) return entry;
+    }
+    return kStandIns.front();
+}
+
+constexpr double kDesignDpi = 96;
+constexpr double kPointsPerInch = 72;
+
+}  // namespace
+
+FontBook::FontBook() {
+    for (const auto& entry : kStandIns) {
+        if (QFontDatabase::hasFamily(QString::fromUtf8(entry.family))) continue;
+        QFile file(QString::fromUtf8(entry.resource));
+        if (!file.open(QIODevice::ReadOnly) ||
+            QFontDatabase::addApplicationFontFromData(file.readAll()) < 0) {
+            qFatal("cannot load the compiled-in font %s", entry.resource);
+        }
+    }
+}
+
+QString FontBook::stand_in_family(const char* face) {
+    return QString::fromUtf8(stand_in_for(face).family);
+}
+
+QFont FontBook::font_for(const Font& font) const {
+    const QString face = QString::fromUtf8(font.face);
+    // The stand-in stays behind a present face, so a character that face lacks still shows.
+    QStringList families;
+    if (QFontDatabase::hasFamily(face)) families << face;
+    families << stand_in_family(font.face);
+
+    QFont result;
+    result.setFamilies(families);
+    result.setPixelSize(qRound(font.points * kDesignDpi / kPointsPerInch));
+    result.setWeight(static_cast<QFont::Weight>(font.weight));
+    return result;
+}
+
+}  // namespace form::qt

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QFont>
+
+#include "form/controls.h"
+
+namespace form::qt {
+
+// Turns the layout's fonts into QFonts. A face the machine has is used as it is; a face it
+// lacks (隶书 and 宋体 on most machines other than Windows) is replaced by a font compiled into
+// the program that holds every character the window shows, so no text can turn into boxes.
+// Sizes in points are taken at 96 dpi, the resolution the layout was designed at, whatever
+// the resolution of the screen.
+class FontBook {
+public:
+    // Registers the compiled-in fonts with the application, once per process. Needs a
+    // QGuiApplication.
+    FontBook();
+
+    QFont font_for(const Font& font) const;
+    // The compiled-in family that stands in for a face.
+    static QString stand_in_family(const char* face);
+};
+
+}  // namespace form::qt

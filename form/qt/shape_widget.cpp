@@ -1,0 +1,30 @@
+#include "form/qt/shape_widget.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace form::qt {
+
+ShapeWidget::ShapeWidget(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void ShapeWidget::set_border_color(const QColor& colour) {
+    if (colour == border_color_) return;
+    border_color_ = colour;
+    update();
+}
+
+void ShapeWidget::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(border_color_, 1));
+    painter.setBrush(Qt::NoBrush);
+    // Half a pixel in, so the one-pixel line lies on the widget's outermost pixels.
+    const QRectF outline = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    const double radius = std::min(outline.width(), outline.height()) / 6;
+    painter.drawRoundedRect(outline, radius, radius);
+}
+
+}  // namespace form::qt

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QColor>
+#include <QWidget>
+
+namespace form::qt {
+
+// The outline of a rounded rectangle along the widget's edges, one pixel wide; the inside
+// stays transparent, so a label beneath or above it shows through.
+class ShapeWidget : public QWidget {
+public:
+    explicit ShapeWidget(QWidget* parent);
+
+    void set_border_color(const QColor& colour);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QColor border_color_;
+};
+
+}  // namespace form::qt
