@@ -9,8 +9,8 @@ namespace {
 
 // Tags are compared as text but read as numbers; a blank Tag must read as an empty cell.
 TEST(Text, NumericValueOfTags) {
-    const std::pair<const char*, int> cases[] = {
-        {"0", 0}, {"1", 1}, {"-1", -1}, {"", 0}, {" -1", -1}, {"x", 0}, {"12ab", 12}};
+    const std::pair<const char*, int> cases[] = {{"0", 0},    {"1", 1}, {"-1", -1},  {"", 0},
+                                                 {" -1", -1}, {"x", 0}, {"12ab", 12}};
     for (const auto& [text, value] : cases) EXPECT_EQ(form::numeric_value(text), value) << text;
     for (const int value : {0, 1, -1}) EXPECT_EQ(form::numeric_value(form::text_of(value)), value);
 }
