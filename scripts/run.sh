@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds the game and starts it.
+# Usage: scripts/run.sh
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+if [[ -z "${DISPLAY:-}" && -z "${WAYLAND_DISPLAY:-}" ]]; then
+    echo "run.sh: no display (neither DISPLAY nor WAYLAND_DISPLAY is set); the game needs a desktop." >&2
+    exit 1
+fi
+
+scripts/install-deps.sh run
+cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo -DSANLIAN_GUI=ON >/dev/null
+cmake --build build --parallel "$(nproc)" --target sanlian
+exec build/sanlian
