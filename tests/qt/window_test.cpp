@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QImage>
 #include <QLabel>
 #include <QPushButton>
@@ -95,6 +96,24 @@ private slots:
         QTest::mouseClick(start, Qt::LeftButton);
         QTest::keyClick(start, Qt::Key_Space);
         QCOMPARE(shown.form.events, EventLog{"Command1_Click"});
+    }
+
+    // Tab walks the controls that take the focus in TabIndex order: the cells 0 to 8, then
+    // Exit (11) before Start (12), and round again.
+    void tabFollowsTabIndex() {
+        Shown shown;
+        shown.window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(shown.window.get()));
+        QStringList order;
+        for (int i = 0; i < form::layout::kCellCount; ++i)
+            order << QStringLiteral("Picture1(%1)").arg(i);
+        order << QStringLiteral("Command2") << QStringLiteral("Command1")
+              << QStringLiteral("Picture1(0)");
+        shown.child(order.front())->setFocus();
+        for (qsizetype i = 1; i < order.size(); ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget()->objectName(), order[i]);
+        }
     }
 
     // Exit unloads the form, and the close box closes the window without a procedure of the
