@@ -290,47 +290,4 @@ TEST(BannerTicks, TurningPointsLeaveTheNextFrame) {
     EXPECT_EQ(banner.frame_back, 0);
 }
 
-TEST(BannerTicks, GamesNeitherPauseNorResetTheBanner) {
-    testing_support::ScriptedForm scripted;
-    auto& form = scripted.form;
-    const auto expected = expected_frames(2);
-    std::size_t ticks = 0;
-    auto banner_ticks = [&](int n) {
-        for (int i = 0; i < n; ++i) {
-            form.tick(form::TimerId::Timer3);
-            ASSERT_EQ(shown_frame(form), expected[ticks]) << "tick " << ticks;
-            ++ticks;
-        }
-    };
-    // Each event must leave the banner exactly where it was.
-    auto unmoved = [&](const std::function<void()>& event, const char* what) {
-        const auto before = form.banner;
-        event();
-        EXPECT_EQ(form.banner.frame_no, before.frame_no) << what;
-        EXPECT_EQ(form.banner.frame_back, before.frame_back) << what;
-    };
-
-    banner_ticks(120);  // on the way down
-    unmoved([&] { scripted.random.push_back(testing_support::draw_for_toss(20)); }, "draw");
-    unmoved([&] { form.click(form::ButtonId::Command1); }, "Start");
-    for (int t = 0; t < 20; ++t) {
-        unmoved([&] { form.tick(form::TimerId::Timer1); }, "toss");
-        banner_ticks(1);
-    }
-    // The human clicks the first empty cell until the game ends.
-    while (form.player_turn && !form.game_over && form.move_no <= 9) {
-        int cell = 0;
-        while (form.mark_at(cell) != 0) ++cell;
-        unmoved([&] { form.click_cell(cell); }, "cell click");
-        banner_ticks(3);
-    }
-    ASSERT_TRUE(form.game_over || form.move_no == 10) << "the game has not finished";
-    for (int t = 0; t < 5; ++t) {
-        unmoved([&] { form.tick(form::TimerId::Timer2); }, "blink");
-        banner_ticks(1);
-    }
-    unmoved([&] { form.click_cell(0); }, "click after the end");
-    banner_ticks(static_cast<int>(expected.size() - ticks));
-}
-
 }  // namespace
