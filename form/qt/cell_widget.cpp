@@ -1,14 +1,15 @@
 #include "form/qt/cell_widget.h"
 
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <type_traits>
 #include <variant>
 
 #include "form/layout.h"
 #include "form/qt/geometry.h"
-#include "form/text.h"
 
 namespace form::qt {
 
@@ -29,15 +30,19 @@ void draw_sunken_border(QPainter& painter, const QRect& rect) {
     edge(1, QColor(64, 64, 64), QColor(192, 192, 192));
 }
 
-QString mark_name(const std::string& tag) {
-    switch (numeric_value(tag)) {
-        case 1:
-            return QStringLiteral("圆");
-        case -1:
-            return QStringLiteral("叉");
-        default:
-            return QStringLiteral("空");
-    }
+// The mark as drawn, not the Tag: after a win the game writes "1" into every Tag.
+QString mark_name(const std::vector<Stroke>& strokes) {
+    if (strokes.empty()) return QStringLiteral("空");
+    const bool circle = std::ranges::any_of(
+        strokes, [](const Stroke& s) { return std::holds_alternative<CircleStroke>(s); });
+    return circle ? QStringLiteral("圆") : QStringLiteral("叉");
+}
+
+// Assistive tools see a cell of the board rather than a bare panel. Qt's accessibility
+// cache owns what a factory returns.
+QAccessibleInterface* cell_accessible(const QString&, QObject* object) {
+    auto* cell = qobject_cast<CellWidget*>(object);
+    return cell != nullptr ? new QAccessibleWidget(cell, QAccessible::Cell) : nullptr;
 }
 
 }  // namespace
@@ -46,18 +51,19 @@ CellWidget::CellWidget(int row, int column, QWidget* parent)
     : QWidget(parent), position_name_(QStringLiteral("第%1行第%2列").arg(row).arg(column)) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    QAccessible::installFactory(cell_accessible);  // once: a second install is ignored
 }
 
 void CellWidget::show_state(const PictureBox& cell) {
     setGeometry(pixel_rect(cell.bounds));
-    // Only a change is announced to assistive tools, not every tick's sync.
-    const QString name = position_name_ + QStringLiteral("，") + mark_name(cell.Tag);
-    if (accessibleName() != name) setAccessibleName(name);
     if (cell.strokes() != strokes_ || cell.DrawWidth != draw_width_) {
         strokes_ = cell.strokes();
         draw_width_ = cell.DrawWidth;
         update();
     }
+    // Only a change is announced to assistive tools, not every tick's sync.
+    const QString name = position_name_ + QStringLiteral("，") + mark_name(strokes_);
+    if (accessibleName() != name) setAccessibleName(name);
     setVisible(cell.Visible);
 }
 

@@ -22,6 +22,9 @@ constexpr std::array<TimerId, 3> kTimerIds{TimerId::Timer1, TimerId::Timer2, Tim
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
+// Label1's name while the toss flickers: the captions it passes through are not the outcome.
+const QString kTossRunning = QStringLiteral("正在决定谁先");
+
 // Only a change is announced to assistive tools, not every tick's sync.
 void set_accessible_name(QWidget& widget, const QString& name) {
     if (widget.accessibleName() != name) widget.setAccessibleName(name);
@@ -46,10 +49,11 @@ void sync_button(QPushButton& button, const CommandButton& model) {
     button.setEnabled(model.Enabled);
 }
 
-void sync_label(QLabel& label, const Label& model) {
+// The name is set before the text: a label with a name of its own announces no new text.
+void sync_label(QLabel& label, const Label& model, const QString& name) {
     label.setGeometry(pixel_rect(model.bounds));
+    set_accessible_name(label, name);
     label.setText(text(model.Caption));
-    set_accessible_name(label, text(model.Caption));
     label.setAlignment(to_qt(model.alignment));
     label.setWordWrap(model.word_wrap);
     QPalette palette = label.palette();
@@ -57,18 +61,21 @@ void sync_label(QLabel& label, const Label& model) {
     label.setPalette(palette);
 }
 
-QLabel* make_label(const Label& model, const FontBook& fonts, const char* name, QWidget* parent) {
+QLabel* make_label(const Label& model, const FontBook& fonts, const char* name,
+                   const QString& description, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setObjectName(QString::fromLatin1(name));
+    label->setAccessibleDescription(description);
     label->setTextFormat(Qt::PlainText);
     label->setFont(fonts.font_for(model.font));
     return label;
 }
 
 QPushButton* make_button(const CommandButton& model, const FontBook& fonts, const char* name,
-                         QWidget* parent) {
+                         const QString& description, QWidget* parent) {
     auto* button = new QPushButton(parent);
     button->setObjectName(QString::fromLatin1(name));
+    button->setAccessibleDescription(description);
     button->setFont(fonts.font_for(model.font));
     button->setAutoDefault(true);  // Enter presses the button that has the focus
     return button;
@@ -91,8 +98,9 @@ Window::Window(Form& form, QWidget* parent) : QWidget(parent), form_(form) {
                 [this, i] { deliver([&] { form_.click_cell(i); }); });
         cells_[static_cast<std::size_t>(i)] = cell;
     }
-    command1_ = make_button(form_.Command1, fonts_, "Command1", this);
-    command2_ = make_button(form_.Command2, fonts_, "Command2", this);
+    command1_ =
+        make_button(form_.Command1, fonts_, "Command1", QStringLiteral("开始新的一局"), this);
+    command2_ = make_button(form_.Command2, fonts_, "Command2", QStringLiteral("退出游戏"), this);
     connect(command1_, &QPushButton::clicked, this,
             [this] { deliver([&] { form_.click(ButtonId::Command1); }); });
     connect(command2_, &QPushButton::clicked, this,
@@ -101,9 +109,9 @@ Window::Window(Form& form, QWidget* parent) : QWidget(parent), form_(form) {
     // The outline lies under Label1's caption; both show, as the label has no ground.
     shape1_ = new ShapeWidget(this);
     shape1_->setObjectName(QStringLiteral("Shape1"));
-    label1_ = make_label(form_.Label1, fonts_, "Label1", this);
-    label2_ = make_label(form_.Label2, fonts_, "Label2", this);
-    label3_ = make_label(form_.Label3, fonts_, "Label3", this);
+    label1_ = make_label(form_.Label1, fonts_, "Label1", QStringLiteral("谁先"), this);
+    label2_ = make_label(form_.Label2, fonts_, "Label2", QStringLiteral("结果"), this);
+    label3_ = make_label(form_.Label3, fonts_, "Label3", QStringLiteral("游戏规则"), this);
     image2_ = new ImageWidget(this);
     image2_->setObjectName(QStringLiteral("Image2"));
 
@@ -135,9 +143,12 @@ void Window::sync() {
     }
     sync_button(*command1_, form_.Command1);
     sync_button(*command2_, form_.Command2);
-    sync_label(*label1_, form_.Label1);
-    sync_label(*label2_, form_.Label2);
-    sync_label(*label3_, form_.Label3);
+    // Label1 changes on every tick of the toss; its name follows only once Timer1 stops, so
+    // the outcome is announced once instead of a hundred times a second.
+    const auto caption = [](const Label& label) { return text(label.Caption).trimmed(); };
+    sync_label(*label1_, form_.Label1, form_.Timer1.Enabled ? kTossRunning : caption(form_.Label1));
+    sync_label(*label2_, form_.Label2, caption(form_.Label2));
+    sync_label(*label3_, form_.Label3, caption(form_.Label3));
     shape1_->setGeometry(pixel_rect(form_.Shape1.bounds));
     shape1_->set_border_color(to_qcolor(form_.Shape1.BorderColor.value_or(kDefaultForeColor)));
 

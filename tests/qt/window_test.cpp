@@ -194,6 +194,8 @@ private slots:
         form::MarkPen pen;
         pen.draw_circle(shown.form.Picture1[0]);
         pen.draw_cross(shown.form.Picture1[1]);
+        // After a win every Tag reads "1"; the cells' names still follow what is drawn.
+        for (auto& cell : shown.form.Picture1) cell.Tag = "1";
         shown.window->sync();
 
         const float w = form::layout::kCellScaleWidth;
@@ -217,6 +219,26 @@ private slots:
         QCOMPARE(shown.child(QStringLiteral("Picture1(0)"))->accessibleName(), "第1行第1列，圆");
         QCOMPARE(shown.child(QStringLiteral("Picture1(1)"))->accessibleName(), "第1行第2列，叉");
         QCOMPARE(shown.child(QStringLiteral("Picture1(2)"))->accessibleName(), "第1行第3列，空");
+    }
+
+    // Assistive tools are told a caption once it settles: Label1's name holds still through
+    // the toss and takes the caption when Timer1 stops; a name changes only with a caption.
+    void captionNamesSettleAfterTheToss() {
+        Shown shown;
+        auto* label1 = shown.child(QStringLiteral("Label1"));
+        shown.form.Timer1.Enabled = true;
+        for (const char* caption : {"计算机先", "您先", "计算机先"}) {
+            shown.form.Label1.Caption = caption;
+            shown.window->sync();
+            QCOMPARE(label1->accessibleName(), "正在决定谁先");
+        }
+        shown.form.Timer1.Enabled = false;
+        shown.window->sync();
+        QCOMPARE(label1->accessibleName(), "计算机先");
+        shown.form.Label2.Caption = "你赢了";
+        shown.window->sync();
+        QCOMPARE(shown.child(QStringLiteral("Label2"))->accessibleName(), "你赢了");
+        QVERIFY(shown.child(QStringLiteral("Label3"))->accessibleName().startsWith("游戏规则"));
     }
 
     // The cell keeps its strokes while hidden, so showing it again shows the mark.
