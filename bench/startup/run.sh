@@ -8,13 +8,16 @@
 # The CPU baseline is bare_window --banner, which swaps a label's pixmap every 50 ms.
 #
 # Usage: bench/startup/run.sh [BUILD_DIR] [ROUNDS]   (defaults: build, 10)
-# Needs xvfb, xdotool and time; BUILD_DIR must hold a build with SANLIAN_GUI and SANLIAN_BENCH.
+# Needs xvfb, xdotool, dbus-daemon and time; BUILD_DIR must be a build with SANLIAN_GUI and
+# SANLIAN_BENCH on.
 set -euo pipefail
 
 if [[ -z "${SANLIAN_STARTUP_XVFB:-}" ]]; then
-    # The default 640x480x8 screen is smaller than the window and has another depth.
+    # The default 640x480x8 screen is smaller than the window and has another depth. A session
+    # bus, as a desktop has: without one Qt autolaunches a bus at every start, which costs time
+    # and writes its address under the home directory.
     SANLIAN_STARTUP_XVFB=1 exec xvfb-run -a -s "-screen 0 1280x1024x24 -nolisten tcp" \
-        "$0" "$@"
+        dbus-run-session -- "$0" "$@"
 fi
 
 build_dir=$(realpath "${1:-build}")
@@ -30,9 +33,10 @@ command -v xdotool >/dev/null || { echo "needs xdotool" >&2; exit 1; }
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-# A runtime directory as a desktop session has one; Qt warns and creates one otherwise.
-export XDG_RUNTIME_DIR=$work/runtime
-mkdir -m 700 "$XDG_RUNTIME_DIR"
+# A runtime directory as a desktop session has one; Qt warns and creates one otherwise. A
+# scratch home, so that nothing either program might write stays behind.
+export XDG_RUNTIME_DIR=$work/runtime HOME=$work/home
+mkdir -m 700 "$XDG_RUNTIME_DIR" "$HOME"
 export QT_QPA_PLATFORM=xcb
 
 title='^三连棋局$'
