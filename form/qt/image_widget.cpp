@@ -8,17 +8,17 @@ ImageWidget::ImageWidget(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
-void ImageWidget::set_pixmap(const QPixmap& pixmap) {
-    if (pixmap.cacheKey() == pixmap_.cacheKey()) return;
-    pixmap_ = pixmap;
+void ImageWidget::set_image(const QImage& image) {
+    if (image.cacheKey() == image_.cacheKey()) return;
+    image_ = image;
     update();
 }
 
 void ImageWidget::paintEvent(QPaintEvent*) {
-    if (pixmap_.isNull()) return;
+    if (image_.isNull()) return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawPixmap(rect(), pixmap_);
+    painter.drawImage(rect(), image_);
 }
 
 }  // namespace form::qt

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QPixmap>
+#include <QImage>
 #include <QWidget>
 
 namespace form::qt {
@@ -10,13 +10,13 @@ class ImageWidget : public QWidget {
 public:
     explicit ImageWidget(QWidget* parent);
 
-    void set_pixmap(const QPixmap& pixmap);
+    void set_image(const QImage& image);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QPixmap pixmap_;
+    QImage image_;
 };
 
 }  // namespace form::qt

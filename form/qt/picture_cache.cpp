@@ -18,16 +18,16 @@ QImage to_image(const Picture& picture) {
     return image;
 }
 
-QPixmap PictureCache::pixmap(const std::shared_ptr<const Picture>& picture) {
+QImage PictureCache::image(const std::shared_ptr<const Picture>& picture) {
     if (!picture) return {};
     const auto found = entries_.find(picture.get());
     if (found != entries_.end() && found->second.picture.lock() == picture) {
-        return found->second.pixmap;
+        return found->second.image;
     }
     std::erase_if(entries_, [](const auto& entry) { return entry.second.picture.expired(); });
-    const auto pixmap = QPixmap::fromImage(to_image(*picture));
-    entries_.insert_or_assign(picture.get(), Entry{picture, pixmap});
-    return pixmap;
+    auto image = to_image(*picture);
+    entries_.insert_or_assign(picture.get(), Entry{picture, image});
+    return image;
 }
 
 }  // namespace form::qt

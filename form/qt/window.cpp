@@ -55,7 +55,8 @@ void sync_label(QLabel& label, const Label& model, const QString& name) {
     set_accessible_name(label, name);
     label.setText(text(model.Caption));
     label.setAlignment(to_qt(model.alignment));
-    label.setWordWrap(model.word_wrap);
+    // Qt lays the text out and repaints on every setWordWrap, changed or not.
+    if (label.wordWrap() != model.word_wrap) label.setWordWrap(model.word_wrap);
     QPalette palette = label.palette();
     palette.setColor(QPalette::WindowText, to_qcolor(model.ForeColor.value_or(kDefaultForeColor)));
     label.setPalette(palette);
@@ -154,7 +155,7 @@ void Window::sync() {
 
     const Image& image = form_.Image2;
     image2_->setGeometry(pixel_rect(image.bounds));
-    image2_->set_pixmap(pictures_.pixmap(image.picture));
+    image2_->set_image(pictures_.image(image.picture));
     image2_->setVisible(image.Visible);
 
     for (std::size_t t = 0; t < kTimerIds.size(); ++t)

@@ -318,10 +318,10 @@ private slots:
         form::qt::PictureCache cache;
         const auto shared = std::make_shared<const form::Picture>(picture);
         const auto other = std::make_shared<const form::Picture>(picture);
-        const qint64 first = cache.pixmap(shared).cacheKey();
-        QCOMPARE(cache.pixmap(shared).cacheKey(), first);
-        QVERIFY(cache.pixmap(other).cacheKey() != first);
-        QVERIFY(cache.pixmap(nullptr).isNull());
+        const qint64 first = cache.image(shared).cacheKey();
+        QCOMPARE(cache.image(shared).cacheKey(), first);
+        QVERIFY(cache.image(other).cacheKey() != first);
+        QVERIFY(cache.image(nullptr).isNull());
     }
 };
 
