@@ -10,7 +10,9 @@ test_packages=("${build_packages[@]}" libgtest-dev libbenchmark-dev xvfb xauth x
     # packaging checks, the .deb test and the file-access trace
     desktop-file-utils appstream dpkg-dev file dbus-daemon strace python3
     # the startup benchmarks: first_frame's libraries and /usr/bin/time
-    libx11-dev libxdamage-dev time)
+    libx11-dev libxdamage-dev time
+    # the end-to-end and soak tests: AT-SPI, the close box's message, screenshots
+    python3-pyatspi at-spi2-core dbus-bin python3-xlib imagemagick)
 
 case "${1:-}" in
     run) wanted=("${run_packages[@]}") ;;
