@@ -6,7 +6,7 @@ set -euo pipefail
 
 build_packages=(cmake g++ make pkg-config qt6-base-dev libgl-dev)
 run_packages=("${build_packages[@]}")
-test_packages=("${build_packages[@]}" libgtest-dev libbenchmark-dev xvfb xauth xdotool
+test_packages=("${build_packages[@]}" libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
     # packaging checks, the .deb test and the file-access trace
     desktop-file-utils appstream dpkg-dev file dbus-daemon strace python3
     # the startup benchmarks: first_frame's libraries and /usr/bin/time
