@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <ostream>
@@ -10,17 +11,10 @@ namespace reference_game {
 
 // 1 a circle, -1 a cross, 0 empty; cells row by row.
 using Board = std::array<int, 9>;
+using Line = std::array<int, 3>;
 
-inline constexpr std::array<std::array<int, 3>, 8> kLines{{
-    {0, 1, 2},
-    {3, 4, 5},
-    {6, 7, 8},
-    {0, 3, 6},
-    {1, 4, 7},
-    {2, 5, 8},
-    {0, 4, 8},
-    {2, 4, 6},
-}};
+inline constexpr std::array<Line, 8> kLines{
+    {{0, 1, 2}, {3, 4, 5}, {6, 7, 8}, {0, 3, 6}, {1, 4, 7}, {2, 5, 8}, {0, 4, 8}, {2, 4, 6}}};
 
 inline int at(const Board& board, int cell) { return board[static_cast<std::size_t>(cell)]; }
 
@@ -34,36 +28,23 @@ inline int line_owner(const Board& board) {
     return 0;
 }
 
+// Whether a, b, c in ascending order are one of the eight lines.
 inline bool is_line(int a, int b, int c) {
-    for (const auto& line : kLines) {
-        int hits = 0;
-        for (const int cell : line) hits += (cell == a) + (cell == b) + (cell == c);
-        if (hits == 3 && a != b && b != c && a != c) return true;
-    }
-    return false;
+    return std::find(kLines.begin(), kLines.end(), Line{a, b, c}) != kLines.end();
 }
 
 inline int marks_on(const Board& board) {
-    int count = 0;
-    for (const int mark : board) count += mark != 0;
-    return count;
+    return static_cast<int>(std::count_if(board.begin(), board.end(), [](int m) { return m; }));
+}
+
+inline bool game_goes_on(const Board& board) {
+    return line_owner(board) == 0 && marks_on(board) < 9;
 }
 
 // Would `mark` in the empty `cell` complete a line?
-inline bool completes_line(const Board& board, int cell, int mark) {
-    for (const auto& line : kLines) {
-        int own = 0;
-        bool through = false;
-        for (const int other : line) {
-            if (other == cell) {
-                through = true;
-            } else {
-                own += at(board, other) == mark;
-            }
-        }
-        if (through && own == 2) return true;
-    }
-    return false;
+inline bool completes_line(Board board, int cell, int mark) {
+    board[static_cast<std::size_t>(cell)] = mark;
+    return line_owner(board) == mark;
 }
 
 // The toss: 20 plus the number of tenths that the random value reaches.
@@ -77,8 +58,7 @@ inline int toss_limit_for(float random) {
 inline int corner_for(float random) {
     if (random < 0.25F) return 0;
     if (random < 0.5F) return 2;
-    if (random < 0.75F) return 8;
-    return 6;
+    return random < 0.75F ? 8 : 6;
 }
 
 // The computer's cell: on its first move the centre, or a corner when the centre is gone;
@@ -98,19 +78,19 @@ inline int computer_cell(const Board& board, int own_mark, float random) {
     return -1;
 }
 
-// The mark of the next move on this board: circles move first.
-inline int next_mark(const Board& board) { return marks_on(board) % 2 == 0 ? 1 : -1; }
-
-// Whether a computer reply follows a human move that left this board.
-inline bool game_goes_on(const Board& board) {
-    return line_owner(board) == 0 && marks_on(board) < 9;
-}
+// One random value for each corner the computer can pick after a centre opening.
+inline constexpr std::array<float, 4> kCornerDraws{0.0F, 0.25F, 0.5F, 0.99999994F};
 
 struct Tally {
     long games = 0;
     long human_wins = 0;
     long computer_wins = 0;
     long draws = 0;
+    // One finished game: `winner` is 1 for the human, -1 for the computer, 0 for a draw.
+    void add(int winner) {
+        ++games;
+        (winner > 0 ? human_wins : winner < 0 ? computer_wins : draws) += 1;
+    }
     friend bool operator==(const Tally&, const Tally&) = default;
     friend std::ostream& operator<<(std::ostream& out, const Tally& t) {
         return out << t.games << " games: " << t.human_wins << " won, " << t.computer_wins
@@ -118,39 +98,20 @@ struct Tally {
     }
 };
 
-// One random value for each corner the computer can pick after a centre opening.
-inline constexpr std::array<float, 4> kCornerDraws{0.0F, 0.25F, 0.5F, 0.99999994F};
-
-// Every game from this board with the human to move, counted by its end.
-inline void count_games(const Board& board, int human_mark, Tally& tally) {
-    for (int cell = 0; cell < 9; ++cell) {
-        if (at(board, cell) != 0) continue;
-        Board after_human = board;
-        after_human[static_cast<std::size_t>(cell)] = human_mark;
-        if (!game_goes_on(after_human)) {
-            ++tally.games;
-            if (line_owner(after_human) != 0) {
-                ++tally.human_wins;
-            } else {
-                ++tally.draws;
-            }
-            continue;
-        }
-        const bool draws = marks_on(after_human) == 1 && cell == 4;
-        const std::size_t replies = draws ? kCornerDraws.size() : 1;
-        for (std::size_t r = 0; r < replies; ++r) {
-            Board after_reply = after_human;
-            after_reply[static_cast<std::size_t>(
-                computer_cell(after_human, -human_mark, kCornerDraws[r]))] = -human_mark;
-            if (line_owner(after_reply) != 0) {
-                ++tally.games;
-                ++tally.computer_wins;
-            } else if (marks_on(after_reply) == 9) {
-                ++tally.games;
-                ++tally.draws;
-            } else {
-                count_games(after_reply, human_mark, tally);
-            }
+// Every game from this board with the human, playing `human`, to move.
+inline void count_games(const Board& board, int human, Tally& tally) {
+    for (std::size_t cell = 0; cell < 9; ++cell) {
+        if (board[cell] != 0) continue;
+        Board mine = board;
+        mine[cell] = human;
+        if (!game_goes_on(mine)) tally.add(line_owner(mine) * human);
+        const bool corners = game_goes_on(mine) && marks_on(mine) == 1 && cell == 4;
+        for (std::size_t r = 0; game_goes_on(mine) && r < (corners ? kCornerDraws.size() : 1);
+             ++r) {
+            Board reply = mine;
+            reply[static_cast<std::size_t>(computer_cell(mine, -human, kCornerDraws[r]))] = -human;
+            if (game_goes_on(reply)) count_games(reply, human, tally);
+            if (!game_goes_on(reply)) tally.add(line_owner(reply) * human);
         }
     }
 }
