@@ -138,9 +138,11 @@ DEBIAN_FRONTEND=noninteractive apt-get install "${apt_options[@]}" "$deb" >"$wor
     fail "/usr/bin/sanlian does not belong to the package"
 
 # A scratch home and runtime directory, so that the run leaves nothing behind, and a session
-# bus of its own, as a desktop has; without one Qt would start a lasting bus daemon.
+# bus of its own, as a desktop has; without one Qt would start a lasting bus daemon. A UTF-8
+# locale, as a desktop has: in the C locale Qt writes the title into WM_NAME as raw UTF-8 bytes
+# typed STRING, and xdotool, which matches WM_NAME, never finds 三连棋局.
 mkdir -m 700 "$work/home" "$work/runtime"
-HOME=$work/home XDG_RUNTIME_DIR=$work/runtime QT_QPA_PLATFORM=xcb \
+HOME=$work/home XDG_RUNTIME_DIR=$work/runtime QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8 \
     xvfb-run -a -s "-screen 0 1280x1024x24 -nolisten tcp" \
     dbus-run-session -- "$0" --window || fail "the installed game did not open and close"
 

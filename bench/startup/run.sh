@@ -38,6 +38,9 @@ trap 'rm -rf "$work"' EXIT
 export XDG_RUNTIME_DIR=$work/runtime HOME=$work/home
 mkdir -m 700 "$XDG_RUNTIME_DIR" "$HOME"
 export QT_QPA_PLATFORM=xcb
+# A UTF-8 locale, as a desktop has: in the C locale Qt writes the title into WM_NAME as raw UTF-8
+# typed STRING, and xdotool, which matches WM_NAME, never finds 三连棋局.
+export LC_ALL=C.UTF-8
 
 title='^三连棋局$'
 settle_s=2
