@@ -3,7 +3,6 @@
 #include <chrono>
 #include <iostream>
 #include <memory>
-#include <string>
 #include <vector>
 
 #include "checked_form.h"
@@ -18,90 +17,69 @@ using reference_game::Tally;
 using testing_support::Event;
 using testing_support::Kind;
 using testing_support::ScriptedForm;
-
 using Path = std::vector<Event>;
 
-class GameWalk {
-public:
-    explicit GameWalk(int toss_limit) : toss_limit_(toss_limit) {}
-
-    Tally run() {
-        // Start with the random value that draws this toss_limit.
-        walk({Event{Kind::Start, 0, static_cast<float>(toss_limit_ - 20) / 10.0F + 0.05F}});
-        return tally_;
-    }
-
+struct GameWalk {
+    int toss_limit;
+    Tally tally{};
     long events = 0;
+    std::vector<std::unique_ptr<ScriptedForm>> spare{};  // forms that have served
 
-private:
-    // `path` leads to a position that the walk has not checked yet. Its game is walked on from
-    // the first tick count after which the human can click; a click after further ticks is
-    // checked, but its game not walked: since each event must change exactly what it should,
-    // clicks and toss ticks commute and that game is one of those walked.
+    // `path` leads to a position not walked yet. Its game is walked on from the first tick
+    // count after which the human can click; a click after further ticks is checked, but its
+    // game not walked: since each event must change exactly what it should, clicks and toss
+    // ticks commute and that game is one of those walked.
     void walk(const Path& path) {
         if (testing::Test::HasFailure()) return;  // one fault shows up in many games
         auto game = replay(path);
         std::vector<Path> next;
-        int walked_ticks = -1;
-        for (int ticks = 0;; ++ticks) {
+        for (int ticks = 0, walked = -1;; ++ticks) {
             for (int cell = 0; cell < 9; ++cell) {
                 if (!testing_support::clickable(game->form, cell)) continue;
-                if (walked_ticks < 0) walked_ticks = ticks;
+                walked = walked < 0 ? ticks : walked;
                 // A centre opening leaves the computer four corners to choose from.
                 const bool corners = game->form.move_no == 1 && cell == 4;
-                for (const float draw : reference_game::kCornerDraws) {
+                for (std::size_t r = 0; r < (corners ? 4 : 1); ++r) {
                     Path child = path;
                     child.insert(child.end(), static_cast<std::size_t>(ticks), Event{Kind::Tick1});
-                    child.push_back(Event{Kind::Click, cell, draw});
-                    if (ticks == walked_ticks) {
-                        next.push_back(std::move(child));
-                    } else {
-                        spare_.push_back(replay(child));
-                    }
-                    if (!corners) break;
+                    child.push_back(Event{Kind::Click, cell, reference_game::kCornerDraws[r]});
+                    if (ticks == walked) next.push_back(child);
+                    if (ticks != walked) spare.push_back(replay(child));
                 }
             }
             if (!game->form.Timer1.Enabled || ticks > 29 || testing::Test::HasFailure()) break;
             check(*game, Event{Kind::Tick1});
         }
-        if (next.empty()) {
+        if (next.empty()) {  // the game is over
             const std::string_view result = game->form.Label2.Caption;
-            tally_.add(result == game::kHumanWins ? 1 : result == game::kHumanLoses ? -1 : 0);
-            if (result.empty()) ADD_FAILURE() << "a game stops without a result";
+            tally.add(result == game::kHumanWins ? 1 : result == game::kHumanLoses ? -1 : 0);
         }
-        spare_.push_back(std::move(game));
+        spare.push_back(std::move(game));
         for (const auto& child : next) walk(child);
     }
 
     void check(ScriptedForm& game, const Event& event) {
         ++events;
-        if (auto fault = testing_support::step(game, event); !fault.empty()) {
-            ADD_FAILURE() << fault << "; toss_limit " << toss_limit_;
-        }
+        const auto fault = testing_support::step(game, event);
+        if (!fault.empty()) ADD_FAILURE() << fault << "; toss_limit " << toss_limit;
     }
 
     // A form at the end of `path`, which checks its last event. Building a Form1 costs far
-    // more than playing one, so a form that has served is played to the end of its game and
-    // started afresh instead.
+    // more than playing one, so a form that has served plays its game to the end and starts
+    // afresh. A game lasts at most 29 ticks and 9 moves; a form stuck longer fails the checks.
     std::unique_ptr<ScriptedForm> replay(const Path& path) {
-        auto game = spare_.empty() ? std::make_unique<ScriptedForm>() : std::move(spare_.back());
-        if (!spare_.empty()) spare_.pop_back();
-        auto& form = game->form;
-        // A game lasts at most 29 ticks and 9 moves; a form stuck longer fails the checks.
-        for (int event = 0; event < 64 && !form.Command1.Enabled; ++event) {
+        auto game = spare.empty() ? std::make_unique<ScriptedForm>() : std::move(spare.back());
+        if (!spare.empty()) spare.pop_back();
+        for (int event = 0; event < 64 && !game->form.Command1.Enabled; ++event) {
             int cell = 0;
-            while (cell < 8 && !testing_support::clickable(form, cell)) ++cell;
-            deliver(*game, form.player_turn ? Event{Kind::Click, cell} : Event{Kind::Tick1});
+            while (cell < 8 && !testing_support::clickable(game->form, cell)) ++cell;
+            deliver(*game, game->form.player_turn ? Event{Kind::Click, cell} : Event{Kind::Tick1});
         }
         for (std::size_t i = 0; i + 1 < path.size(); ++i) deliver(*game, path[i]);
-        events += static_cast<long>(path.size());
+        events += static_cast<long>(path.size()) - 1;
         check(*game, path.back());
         return game;
     }
-
-    int toss_limit_;
-    Tally tally_;
-    std::vector<std::unique_ptr<ScriptedForm>> spare_;
 };
 
 // Figures of the whole game tree, one order of play at a time; the reference rule's own count
@@ -121,11 +99,12 @@ TEST(EveryGame, FormPlaysEveryGameOfEveryToss) {
     long events = 0;
     Tally by_first[2];  // [0] the human first, [1] the computer first
     for (int toss_limit = 20; toss_limit <= 29; ++toss_limit) {
-        GameWalk walk(toss_limit);
-        const Tally tally = walk.run();
+        GameWalk walk{toss_limit};
+        // Start with the random value that draws this toss_limit.
+        walk.walk({Event{Kind::Start, 0, static_cast<float>(toss_limit - 20) / 10.0F + 0.05F}});
         events += walk.events;
-        EXPECT_EQ(tally, toss_limit % 2 == 0 ? kHumanFirst : kComputerFirst) << toss_limit;
-        by_first[toss_limit % 2] = tally;
+        EXPECT_EQ(walk.tally, toss_limit % 2 == 0 ? kHumanFirst : kComputerFirst) << toss_limit;
+        by_first[toss_limit % 2] = walk.tally;
     }
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - started;
 

@@ -28,11 +28,6 @@ inline int line_owner(const Board& board) {
     return 0;
 }
 
-// Whether a, b, c in ascending order are one of the eight lines.
-inline bool is_line(int a, int b, int c) {
-    return std::find(kLines.begin(), kLines.end(), Line{a, b, c}) != kLines.end();
-}
-
 inline int marks_on(const Board& board) {
     return static_cast<int>(std::count_if(board.begin(), board.end(), [](int m) { return m; }));
 }
