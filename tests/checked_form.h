@@ -71,7 +71,7 @@ struct Snapshot {
         bool command1 = false, timer2 = false, player_turn = false, game_over = false;
         std::uint8_t move_no = 0;
         std::array<std::uint8_t, 3> win{};
-        std::array<std::string, 9> tags{};
+        std::array<int, 9> tags{};  // as tag_code gives them
         std::array<std::size_t, 9> strokes{};
         friend bool operator==(const Play&, const Play&) = default;
     } play;
@@ -89,6 +89,11 @@ struct Snapshot {
     friend bool operator==(const Snapshot&, const Snapshot&) = default;
 };
 
+// A Tag as a number, for quick comparison: its mark, 2 when blank and 3 for any other text.
+inline int tag_code(const std::string& tag) {
+    return tag == "0" ? 0 : tag == "1" ? 1 : tag == "-1" ? -1 : tag.empty() ? 2 : 3;
+}
+
 inline Snapshot snapshot_of(const game::Form1& f) {
     Snapshot s;
     s.play = {f.Label2.Caption, f.Label2.ForeColor, f.Command1.Enabled, f.Timer2.Enabled,
@@ -101,7 +106,7 @@ inline Snapshot snapshot_of(const game::Form1& f) {
     s.fixed = {f.Command2.Enabled, f.Timer3.Enabled};
     s.unloaded = f.unloaded();
     for (std::size_t cell = 0; cell < 9; ++cell) {
-        s.play.tags[cell] = f.Picture1[cell].Tag;
+        s.play.tags[cell] = tag_code(f.Picture1[cell].Tag);
         s.play.strokes[cell] = f.Picture1[cell].strokes().size();
         s.visible[cell] = f.Picture1[cell].Visible;
     }
@@ -226,7 +231,7 @@ inline std::string step(ScriptedForm& game, const Event& event) {
     } else if (event.kind == Kind::Start) {
         const int limit = reference_game::toss_limit_for(event.draw);
         auto& play = expected.play;
-        play.tags.fill("0");
+        play.tags.fill(0);
         play.strokes.fill(0);
         play.label2.clear();
         play.command1 = play.timer2 = play.game_over = false;
@@ -245,7 +250,7 @@ inline std::string step(ScriptedForm& game, const Event& event) {
         toss.shape1_colour = form::kBlue;
         toss.timer1 = toss.tick != toss.limit;
         if (!toss.timer1 && toss.limit % 2 == 1) {
-            expected.play.tags[4] = "1";
+            expected.play.tags[4] = 1;
             expected.play.strokes[4] = 1;
             expected.play.move_no = 2;
             expected.play.player_turn = true;
