@@ -12,10 +12,10 @@
 // of the control model shows as a ratio.
 namespace {
 
-// The runtime's random numbers from a fixed seed, so every run plays the same games.
-class SeededRandom final : public form::RandomSource {
+// The runtime's random numbers from a fixed start, so every run plays the same games.
+class FixedRandom final : public form::RandomSource {
 public:
-    explicit SeededRandom(std::uint32_t seed) : engine_(seed) {}
+    explicit FixedRandom(std::uint32_t start) : engine_(start) {}
     void randomize() override {}
     float random_next() override { return static_cast<float>(engine_() >> 8) * 0x1p-24F; }
 
@@ -35,7 +35,7 @@ int pick_empty(const std::array<int, 9>& marks, std::mt19937& human) {
 }
 
 void BM_FormGame(benchmark::State& state) {
-    game::Form1 form(std::make_unique<SeededRandom>(1));
+    game::Form1 form(std::make_unique<FixedRandom>(1));
     form.load();
     std::mt19937 human(2);
     std::int64_t moves = 0;
@@ -104,7 +104,7 @@ int computer_cell(const std::array<int, 9>& b, int moves, int own, float random)
 }
 
 void BM_ArrayGame(benchmark::State& state) {
-    SeededRandom random(1);
+    FixedRandom random(1);
     std::mt19937 human(2);
     std::int64_t moves = 0;
     for (auto _ : state) {

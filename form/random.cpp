@@ -7,7 +7,7 @@ namespace form {
 void ClockRandom::randomize() {
     const auto now = std::chrono::steady_clock::now().time_since_epoch().count() ^
                      std::chrono::system_clock::now().time_since_epoch().count();
-    engine_.seed(static_cast<std::mt19937::result_type>(now));
+    engine_ = std::mt19937(static_cast<std::mt19937::result_type>(now));
 }
 
 float ClockRandom::random_next() {

@@ -8,7 +8,7 @@ namespace form {
 class RandomSource {
 public:
     virtual ~RandomSource() = default;
-    // Reseeds from the clock, so that every run draws a different sequence.
+    // Restarts the generator from the clock, so that every run draws a different sequence.
     virtual void randomize() = 0;
     // Evenly spread over [0, 1).
     virtual float random_next() = 0;

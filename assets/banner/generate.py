@@ -28,7 +28,7 @@ MIN_STEP, MAX_STEP = 6, 58
 SUPERSAMPLE = 8
 FONT_PIXELS = 55
 BOLDEN = 4  # outline width in supersampled pixels, for a fuller brush
-SEED = 1931  # the pen's wavering speed
+PEN_RHYTHM = 1931  # starts the generator of the pen's wavering speed
 
 OUTPUT = pathlib.Path(__file__).with_name("banner_data.cpp")
 
@@ -113,7 +113,7 @@ def pen_order(per_char):
 
 def frame_steps():
     """Ink pixels added by each of frames 1 to 92: a pen that speeds up and slows down."""
-    rng = random.Random(SEED)
+    rng = random.Random(PEN_RHYTHM)
     speeds = []
     for i in range(FRAMES - 1):
         wave = 0.45 * np.sin(2 * np.pi * i / 19.0) + 0.2 * np.sin(2 * np.pi * i / 7.3 + 1.0)

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Plays the built game in a real window: clicks through xdotool, reads the controls over
 AT-SPI, checks the marks and the banner in screenshots, and ends it with Exit and with the
-close box. Run: e2e_test.py GAME [SEED]
+close box. Run: e2e_test.py GAME [START]
 """
 
 import math
@@ -108,8 +108,8 @@ def check_marks_on_screen(game, a11y, marks):
 
 def main():
     program = sys.argv[1]
-    seed = int(sys.argv[2]) if len(sys.argv) > 2 else time.time_ns() % 2**32
-    print(f"seed {seed}", flush=True)
+    start = int(sys.argv[2]) if len(sys.argv) > 2 else time.time_ns() % 2**32
+    print(f"random start {start}", flush=True)
     began = time.monotonic()
     a11y = harness.Accessibility()
 
@@ -120,7 +120,7 @@ def main():
     assert [a11y.name(c) for c in a11y.cells] == \
         [f"第{r}行第{c}列，空" for r in (1, 2, 3) for c in (1, 2, 3)]
     check_banner_runs(game)
-    marks = play_to_the_end(game, a11y, random.Random(seed))
+    marks = play_to_the_end(game, a11y, random.Random(start))
     check_marks_on_screen(game, a11y, marks)
     game.click(harness.EXIT)
     status = game.wait_exit()

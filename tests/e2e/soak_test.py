@@ -4,7 +4,7 @@ anywhere, on taken cells and on a disabled Start, double clicks, drags, bursts f
 the toss. Each launch ends with Exit or the close box at a random moment and must end with
 status 0 in time. One long run checks that resident memory stays where it settled.
 
-Run: soak_test.py GAME [--seed N] [--launches N] [--events N] [--long-events N]
+Run: soak_test.py GAME [--start N] [--launches N] [--events N] [--long-events N]
 Under a sanitizer build pass --no-rss-bound: its allocator keeps freed memory aside.
 """
 
@@ -118,14 +118,14 @@ def long_run(program, rng, events, rss_bound):
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("program")
-    parser.add_argument("--seed", type=int, default=time.time_ns() % 2**32)
+    parser.add_argument("--start", type=int, default=time.time_ns() % 2**32)
     parser.add_argument("--launches", type=int, default=20)
     parser.add_argument("--events", type=int, default=200)
     parser.add_argument("--long-events", type=int, default=5000)
     parser.add_argument("--no-rss-bound", action="store_true")
     args = parser.parse_args()
-    print(f"seed {args.seed}", flush=True)
-    rng = random.Random(args.seed)
+    print(f"random start {args.start}", flush=True)
+    rng = random.Random(args.start)
     began = time.monotonic()
 
     failures, total = [], 0
