@@ -5,7 +5,9 @@
 set -euo pipefail
 
 build_packages=(cmake g++ make pkg-config qt6-base-dev libgl-dev)
-run_packages=("${build_packages[@]}")
+# Configuring the project, even to build only the game, finds GoogleTest (tests/) and Google
+# Benchmark and X11 (bench/, on by default).
+run_packages=("${build_packages[@]}" libgtest-dev libgmock-dev libbenchmark-dev libx11-dev libxdamage-dev)
 test_packages=("${build_packages[@]}" libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
     # packaging checks, the .deb test and the file-access trace
     desktop-file-utils appstream dpkg-dev file dbus-daemon strace python3
