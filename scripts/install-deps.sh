@@ -5,9 +5,8 @@
 set -euo pipefail
 
 build_packages=(cmake g++ make pkg-config qt6-base-dev libgl-dev)
-# Configuring the project, even to build only the game, finds GoogleTest (tests/) and Google
-# Benchmark and X11 (bench/, on by default).
-run_packages=("${build_packages[@]}" libgtest-dev libgmock-dev libbenchmark-dev libx11-dev libxdamage-dev)
+# run.sh configures the game alone, without tests and benchmarks.
+run_packages=("${build_packages[@]}")
 test_packages=("${build_packages[@]}" libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
     # packaging checks, the .deb test and the file-access trace
     desktop-file-utils appstream dpkg-dev file dbus-daemon strace python3
@@ -31,7 +30,13 @@ done
 
 echo "Installing: ${missing[*]}"
 sudo_cmd=()
-[[ $(id -u) -eq 0 ]] || sudo_cmd=(sudo)
+if [[ $(id -u) -ne 0 ]]; then
+    if ! command -v sudo >/dev/null; then
+        echo "install-deps.sh: missing ${missing[*]}; run as root or install sudo" >&2
+        exit 1
+    fi
+    sudo_cmd=(sudo)
+fi
 export DEBIAN_FRONTEND=noninteractive
 "${sudo_cmd[@]}" apt-get update -qq
 "${sudo_cmd[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"
