@@ -11,6 +11,8 @@ ImageWidget::ImageWidget(QWidget* parent) : QWidget(parent) {
 void ImageWidget::set_image(const QImage& image) {
     if (image.cacheKey() == image_.cacheKey()) return;
     image_ = image;
+    // A picture covers the whole widget, so the form's ground under it need not be painted.
+    setAttribute(Qt::WA_OpaquePaintEvent, !image_.isNull());
     update();
 }
 
