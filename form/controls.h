@@ -27,6 +27,7 @@ struct Font {
     int weight;        // 400 normal, 700 bold
     double points;
     int charset;  // 134 is GB2312
+    friend bool operator==(const Font&, const Font&) = default;
 };
 
 enum class Alignment { Left, Right, Centre };
@@ -65,6 +66,8 @@ public:
     }
     const std::vector<Stroke>& strokes() const { return strokes_; }
 
+    friend bool operator==(const PictureBox&, const PictureBox&) = default;
+
 private:
     std::vector<Stroke> strokes_;
 };
@@ -77,12 +80,14 @@ struct Label {
     Font font{};
     Bounds bounds;
     int TabIndex = 0;
+    friend bool operator==(const Label&, const Label&) = default;
 };
 
 // An outline that the backend draws as a rounded rectangle.
 struct Shape {
     std::optional<Colour> BorderColor;  // empty: the backend's default
     Bounds bounds;
+    friend bool operator==(const Shape&, const Shape&) = default;
 };
 
 struct CommandButton {
@@ -91,6 +96,7 @@ struct CommandButton {
     Font font{};
     Bounds bounds;
     int TabIndex = 0;
+    friend bool operator==(const CommandButton&, const CommandButton&) = default;
 };
 
 struct Timer {

@@ -138,20 +138,37 @@ void Window::deliver(Event&& event) {
 void Window::sync() {
     if (closed_) return;
     setWindowTitle(text(form_.Caption));
-    for (int i = 0; i < layout::kCellCount; ++i) {
-        cells_[static_cast<std::size_t>(i)]->show_state(
-            form_.Picture1[static_cast<std::size_t>(i)]);
+    const bool first = !shown_;
+    Shown& shown = first ? shown_.emplace() : *shown_;
+    const auto changed = [first](auto& last, const auto& now) {
+        if (!first && last == now) return false;
+        last = now;
+        return true;
+    };
+
+    for (std::size_t i = 0; i < cells_.size(); ++i) {
+        if (changed(shown.cells[i], form_.Picture1[i])) cells_[i]->show_state(form_.Picture1[i]);
     }
-    sync_button(*command1_, form_.Command1);
-    sync_button(*command2_, form_.Command2);
+    if (changed(shown.command1, form_.Command1)) sync_button(*command1_, form_.Command1);
+    if (changed(shown.command2, form_.Command2)) sync_button(*command2_, form_.Command2);
     // Label1 changes on every tick of the toss; its name follows only once Timer1 stops, so
     // the outcome is announced once instead of a hundred times a second.
     const auto caption = [](const Label& label) { return text(label.Caption).trimmed(); };
-    sync_label(*label1_, form_.Label1, form_.Timer1.Enabled ? kTossRunning : caption(form_.Label1));
-    sync_label(*label2_, form_.Label2, caption(form_.Label2));
-    sync_label(*label3_, form_.Label3, caption(form_.Label3));
-    shape1_->setGeometry(pixel_rect(form_.Shape1.bounds));
-    shape1_->set_border_color(to_qcolor(form_.Shape1.BorderColor.value_or(kDefaultForeColor)));
+    const bool label1_changed = changed(shown.label1, form_.Label1);
+    if (changed(shown.tossing, form_.Timer1.Enabled) || label1_changed) {
+        sync_label(*label1_, form_.Label1,
+                   form_.Timer1.Enabled ? kTossRunning : caption(form_.Label1));
+    }
+    if (changed(shown.label2, form_.Label2)) {
+        sync_label(*label2_, form_.Label2, caption(form_.Label2));
+    }
+    if (changed(shown.label3, form_.Label3)) {
+        sync_label(*label3_, form_.Label3, caption(form_.Label3));
+    }
+    if (changed(shown.shape1, form_.Shape1)) {
+        shape1_->setGeometry(pixel_rect(form_.Shape1.bounds));
+        shape1_->set_border_color(to_qcolor(form_.Shape1.BorderColor.value_or(kDefaultForeColor)));
+    }
 
     const Image& image = form_.Image2;
     image2_->setGeometry(pixel_rect(image.bounds));

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 #include <array>
+#include <optional>
 
 #include "form/form.h"
 #include "form/qt/fonts.h"
@@ -64,6 +65,20 @@ private:
     QLabel* label3_;
     ImageWidget* image2_;
     std::array<QTimer*, 3> timers_{};
+
+    // The controls as the widgets show them, from the last sync: the banner ticks 20 times a
+    // second, and touching every widget each time costs as much idle CPU as the banner.
+    struct Shown {
+        std::array<PictureBox, layout::kCellCount> cells;
+        CommandButton command1;
+        CommandButton command2;
+        Label label1;
+        bool tossing = false;
+        Label label2;
+        Label label3;
+        Shape shape1;
+    };
+    std::optional<Shown> shown_;
     bool closed_ = false;
 };
 
