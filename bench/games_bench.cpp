@@ -7,6 +7,7 @@
 
 #include "form/random.h"
 #include "game/form1.h"
+#include "reference_game.h"
 
 // Whole games through the headless Form1, against the same games on a bare array, so the cost
 // of the control model shows as a ratio.
@@ -60,55 +61,13 @@ void BM_FormGame(benchmark::State& state) {
 BENCHMARK(BM_FormGame);
 
 // The baseline: the same toss, rule and human on a plain array, with no controls, strings or
-// drawing.
-constexpr std::array<std::array<int, 3>, 8> kLines{{
-    {0, 1, 2},
-    {3, 4, 5},
-    {6, 7, 8},
-    {0, 3, 6},
-    {1, 4, 7},
-    {2, 5, 8},
-    {0, 4, 8},
-    {2, 4, 6},
-}};
-
-bool completes(const std::array<int, 9>& b, int cell, int mark) {
-    for (const auto& line : kLines) {
-        int own = 0;
-        bool through = false;
-        for (const int c : line) {
-            if (c == cell) {
-                through = true;
-            } else {
-                own += b[static_cast<std::size_t>(c)] == mark;
-            }
-        }
-        if (through && own == 2) return true;
-    }
-    return false;
-}
-
-int computer_cell(const std::array<int, 9>& b, int moves, int own, float random) {
-    if (moves <= 1)
-        return b[4] == 0 ? 4 : random < 0.25F ? 0 : random < 0.5F ? 2 : random < 0.75F ? 8 : 6;
-    for (int c = 0; c < 9; ++c) {
-        if (b[static_cast<std::size_t>(c)] == 0 && completes(b, c, own)) return c;
-    }
-    for (int c = 8; c >= 0; --c) {
-        if (b[static_cast<std::size_t>(c)] == 0 && completes(b, c, -own)) return c;
-    }
-    for (int c = 8; c >= 0; --c) {
-        if (b[static_cast<std::size_t>(c)] == 0) return c;
-    }
-    return -1;
-}
-
+// drawing; the rule is the tests' reference model of it.
 void BM_ArrayGame(benchmark::State& state) {
     FixedRandom random(1);
     std::mt19937 human(2);
     std::int64_t moves = 0;
     for (auto _ : state) {
-        std::array<int, 9> board{};
+        reference_game::Board board{};
         const int toss_limit =
             20 + static_cast<int>(static_cast<double>(random.random_next()) * 10);
         int tick = 0;
@@ -120,10 +79,10 @@ void BM_ArrayGame(benchmark::State& state) {
             const int cell =
                 humans_turn
                     ? pick_empty(board, human)
-                    : computer_cell(board, move, mark,
-                                    move == 1 && board[4] != 0 ? random.random_next() : 0.0F);
-            const bool won = completes(board, cell, mark);
+                    : reference_game::computer_cell(
+                          board, mark, move == 1 && board[4] != 0 ? random.random_next() : 0.0F);
             board[static_cast<std::size_t>(cell)] = mark;
+            const bool won = reference_game::line_owner(board) != 0;
             ++moves;
             if (won) break;
             humans_turn = !humans_turn;
