@@ -30,7 +30,7 @@ struct Font {
     friend bool operator==(const Font&, const Font&) = default;
 };
 
-enum class Alignment { Left, Right, Centre };
+enum class Alignment { Left, Centre };
 
 struct CircleStroke {
     float x, y, radius;

@@ -31,15 +31,7 @@ void set_accessible_name(QWidget& widget, const QString& name) {
 }
 
 Qt::Alignment to_qt(Alignment alignment) {
-    switch (alignment) {
-        case Alignment::Right:
-            return Qt::AlignRight | Qt::AlignTop;
-        case Alignment::Centre:
-            return Qt::AlignHCenter | Qt::AlignTop;
-        case Alignment::Left:
-            break;
-    }
-    return Qt::AlignLeft | Qt::AlignTop;
+    return (alignment == Alignment::Centre ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignTop;
 }
 
 void sync_button(QPushButton& button, const CommandButton& model) {
