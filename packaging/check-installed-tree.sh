@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Sanlian developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs the build into a scratch root and checks that the program, desktop entry, icons and
 # metainfo fit together as a desktop and a software centre read them.
 # Usage: check-installed-tree.sh BUILD_DIR APP_ID

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Sanlian developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the Debian package, checks its contents and dependencies, installs it with apt, starts
 # the installed game under Xvfb until its window shows, closes it with its Exit button, and
 # removes the package and whatever apt pulled in with it. Because it changes the machine it

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Sanlian developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs the Debian packages that building, running or testing needs, if any are missing.
 # Usage: scripts/install-deps.sh run|test
 # Safe to run again: it asks apt only when a package is not installed yet.
@@ -7,7 +9,7 @@ set -euo pipefail
 build_packages=(cmake g++ make pkg-config qt6-base-dev libgl-dev)
 # run.sh configures the game alone, without tests and benchmarks.
 run_packages=("${build_packages[@]}")
-test_packages=("${build_packages[@]}" libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
+test_packages=("${build_packages[@]}" clang libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
     # packaging checks, the .deb test and the file-access trace
     desktop-file-utils appstream dpkg-dev file dbus-daemon strace python3
     # the startup benchmarks: first_frame's libraries and /usr/bin/time

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Sanlian developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Writes the banner's frames, as the program builds them, to DIR/frame_00.ppm ... frame_92.ppm.
 //
 //     banner_export DIR

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Sanlian developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Exports the banner's frames from the built program data as PNGs and makes the animated
 # preview: up through the frames and back down, 50 ms a frame, as Timer3 shows them.
 # Usage: assets/banner/preview.sh [build-dir] [png-dir]

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Sanlian developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Rebuilds the two fonts compiled into the window, from the Debian font packages, when a text
 # that the window shows changes. Each subset holds only the characters of those texts, so the
 # program draws them the same way on a machine with no Chinese font at all.

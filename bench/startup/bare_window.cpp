@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Sanlian developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The baseline for the startup benchmarks: an empty Qt Widgets window with the game window's
 // title and client size. With --banner, a label in the banner's place swaps its pixmap every
 // 50 ms, as the game's banner does, so that idle CPU has a baseline too.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Sanlian developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Launches a command and prints the microseconds from its exec to the first XDamage event on
 // its first top-level window, that is, to the first pixels it puts on the screen. The command
 // is then sent SIGTERM. Meant for a bare X server without a window manager (Xvfb), where a

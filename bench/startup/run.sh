@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Sanlian developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Startup time, peak memory and idle CPU of the game against a bare Qt window, all under one
 # Xvfb. The two programs alternate, ROUNDS times each; medians and min-max are reported with
 # the ratio game/baseline and the aims:

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Sanlian developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "form/qt/window.h"
 
 #include <QCloseEvent>
@@ -131,7 +134,7 @@ void Window::sync() {
     if (closed_) return;
     setWindowTitle(text(form_.Caption));
     const bool first = !shown_;
-    Shown& shown = first ? shown_.emplace() : *shown_;
+    ShownControls& shown = first ? shown_.emplace() : *shown_;
     const auto changed = [first](auto& last, const auto& now) {
         if (!first && last == now) return false;
         last = now;

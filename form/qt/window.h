@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 Sanlian developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include <QWidget>
@@ -18,6 +21,19 @@ namespace form::qt {
 class CellWidget;
 class ImageWidget;
 class ShapeWidget;
+
+// The controls as the widgets show them, from the last sync: the banner ticks 20 times a
+// second, and touching every widget each time costs as much idle CPU as the banner.
+struct ShownControls {
+    std::array<PictureBox, layout::kCellCount> cells;
+    CommandButton command1;
+    CommandButton command2;
+    Label label1;
+    bool tossing = false;
+    Label label2;
+    Label label3;
+    Shape shape1;
+};
 
 // The form on the screen: a widget for each control, a QTimer for each timer. Every click
 // and tick is handed to the form, and then every widget is read again from the form, so the
@@ -66,19 +82,7 @@ private:
     ImageWidget* image2_;
     std::array<QTimer*, 3> timers_{};
 
-    // The controls as the widgets show them, from the last sync: the banner ticks 20 times a
-    // second, and touching every widget each time costs as much idle CPU as the banner.
-    struct Shown {
-        std::array<PictureBox, layout::kCellCount> cells;
-        CommandButton command1;
-        CommandButton command2;
-        Label label1;
-        bool tossing = false;
-        Label label2;
-        Label label3;
-        Shape shape1;
-    };
-    std::optional<Shown> shown_;
+    std::optional<ShownControls> shown_;
     bool closed_ = false;
 };
 

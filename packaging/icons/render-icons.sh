@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Sanlian developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Renders the committed PNG icons from the SVG. Run after editing the SVG; needs rsvg-convert
 # (librsvg2-bin). The PNGs are committed so that building does not need librsvg.
 set -euo pipefail

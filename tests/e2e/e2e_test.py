@@ -1,4 +1,6 @@
 #!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 Sanlian developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Plays the built game in a real window: clicks through xdotool, reads the controls over
 AT-SPI, checks the marks and the banner in screenshots, and ends it with Exit and with the
 close box. Run: e2e_test.py GAME [START]

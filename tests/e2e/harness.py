@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: 2026 Sanlian developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The built game in an X session of its own: Xvfb, a D-Bus session with the accessibility
 bus, xdotool for the mouse, AT-SPI to read the controls, ImageMagick for screenshots.
 

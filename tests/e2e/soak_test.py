@@ -1,4 +1,6 @@
 #!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 Sanlian developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Launches the built game many times and throws random mouse input at its window: clicks
 anywhere, on taken cells and on a disabled Start, double clicks, drags, bursts faster than
 the toss. Each launch ends with Exit or the close box at a random moment and must end with

@@ -1,4 +1,6 @@
 #!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 Sanlian developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Plays a little under strace and fails if the game writes, creates, renames or removes any
 file, or opens anything in the source tree or the build tree.
 
