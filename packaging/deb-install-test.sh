@@ -110,7 +110,6 @@ expected_files=(
     "./usr/share/icons/hicolor/48x48/apps/$app_id.png"
     "./usr/share/icons/hicolor/scalable/apps/$app_id.svg"
     "./usr/share/metainfo/$app_id.metainfo.xml"
-    ./usr/share/doc/sanlian/fonts/ARPHICPL.TXT
     ./usr/share/doc/sanlian/fonts/OFL.txt
 )
 actual=$(dpkg-deb --fsys-tarfile "$deb" | tar -t | grep -v '/$' | sort)
