@@ -3,6 +3,8 @@
 
 #include "form/marks.h"
 
+#include "form/text.h"
+
 namespace form {
 
 void MarkPen::draw_circle(PictureBox& cell) {
@@ -10,7 +12,7 @@ void MarkPen::draw_circle(PictureBox& cell) {
     circle_x = w * 0.5F;
     circle_y = w * 0.5F;
     cell.Circle(circle_x, circle_y, w * 0.5F - kMargin, kWhite);
-    cell.Tag = "1";
+    cell.Tag = text_of(1);
 }
 
 void MarkPen::draw_cross(PictureBox& cell) {
@@ -19,7 +21,7 @@ void MarkPen::draw_cross(PictureBox& cell) {
     cross_far = w - kMargin;
     cell.Line(cross_near, cross_near, cross_far, cross_far, kBlack);
     cell.Line(cross_near, cross_far, cross_far, cross_near, kBlack);
-    cell.Tag = "-1";
+    cell.Tag = text_of(-1);
 }
 
 }  // namespace form

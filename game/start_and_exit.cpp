@@ -23,7 +23,6 @@ void Form1::Form_Load() { randomize(); }
 
 void Form1::Command1_Click() {
     for (auto& cell : Picture1) {
-        // Not a literal: GCC 12 at -O2 reports a false -Wrestrict on assigning one here.
         cell.Tag = form::text_of(0);
         cell.Cls();
         cell.Visible = true;

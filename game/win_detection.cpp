@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 
+#include "form/text.h"
 #include "game/form1.h"
 
 namespace game {
@@ -42,7 +43,7 @@ void Form1::check_win() {
     }
     if (game_over) {
         // Closes the board: no cell reads as empty any more, so clicks find nothing to play.
-        for (auto& cell : Picture1) cell.Tag = "1";
+        for (auto& cell : Picture1) cell.Tag = form::text_of(1);
         Command1.Enabled = true;
     }
 }
