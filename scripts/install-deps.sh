@@ -10,8 +10,8 @@ build_packages=(cmake g++ make pkg-config qt6-base-dev libgl-dev)
 # run.sh configures the game alone, without tests and benchmarks.
 run_packages=("${build_packages[@]}")
 test_packages=("${build_packages[@]}" clang libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
-    # packaging checks, the .deb test and the file-access trace
-    desktop-file-utils appstream dpkg-dev file dbus-daemon strace python3
+    # packaging checks, the .deb test (lintian, hardening-check) and the file-access trace
+    desktop-file-utils appstream dpkg-dev file lintian devscripts dbus-daemon strace python3
     # the startup benchmarks: first_frame's libraries and /usr/bin/time
     libx11-dev libxdamage-dev time
     # the end-to-end and soak tests: AT-SPI, the close box's message, screenshots
