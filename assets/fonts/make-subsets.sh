@@ -5,11 +5,12 @@
 # that the window shows changes. Each subset holds only the characters of those texts, so the
 # program draws them the same way on a machine with no Chinese font at all.
 # Needs: fonts-lxgw-wenkai fonts-noto-cjk python3-fonttools. Usage: assets/fonts/make-subsets.sh
-# The dates written into the fonts come from SOURCE_DATE_EPOCH (by default the last commit's),
-# so running it twice gives the same bytes.
+# The dates written into the fonts come from SOURCE_DATE_EPOCH, by default the date of the last
+# commit that changed this script or a text it reads, so running it again gives the same bytes.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
-SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
+texts=(form/layout.h effects/toss.h game/form1.h)
+SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct -- assets/fonts/make-subsets.sh "${texts[@]}")}
 export SOURCE_DATE_EPOCH
 
 out=assets/fonts
@@ -18,7 +19,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 # Every text constant ("kName = "..." "...";") of the headers that hold the window's texts.
-"$python" - form/layout.h effects/toss.h game/form1.h >"$work/text.txt" <<'PY'
+"$python" - "${texts[@]}" >"$work/text.txt" <<'PY'
 import re, sys
 chars = set()
 for path in sys.argv[1:]:
