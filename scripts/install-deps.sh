@@ -15,7 +15,9 @@ test_packages=("${build_packages[@]}" clang libgtest-dev libgmock-dev libbenchma
     # the startup benchmarks: first_frame's libraries and /usr/bin/time
     libx11-dev libxdamage-dev time
     # the end-to-end and soak tests: AT-SPI, the close box's message, screenshots
-    python3-pyatspi at-spi2-core dbus-bin python3-xlib imagemagick)
+    python3-pyatspi at-spi2-core dbus-bin python3-xlib imagemagick
+    # the window on Wayland, under a headless compositor
+    weston qt6-wayland)
 
 case "${1:-}" in
     run) wanted=("${run_packages[@]}") ;;

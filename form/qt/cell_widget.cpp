@@ -6,6 +6,7 @@
 #include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyleOption>
 
 #include <algorithm>
 #include <type_traits>
@@ -46,6 +47,19 @@ QString mark_name(const std::vector<Stroke>& strokes) {
 QAccessibleInterface* cell_accessible(const QString&, QObject* object) {
     auto* cell = qobject_cast<CellWidget*>(object);
     return cell != nullptr ? new QAccessibleWidget(cell, QAccessible::Cell) : nullptr;
+}
+
+// Where the keyboard focus is, as a dotted rectangle just inside the border: black dashes
+// over white, so it shows on the ground and on either mark.
+void draw_focus_mark(QPainter& painter, const QRect& inner) {
+    const QRect mark = inner.adjusted(2, 2, -3, -3);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(QPen(Qt::white, 1));
+    painter.drawRect(mark);
+    QPen dashes(Qt::black, 1, Qt::CustomDashLine);
+    dashes.setDashPattern({2, 2});
+    painter.setPen(dashes);
+    painter.drawRect(mark);
 }
 
 }  // namespace
@@ -98,11 +112,26 @@ void CellWidget::paintEvent(QPaintEvent*) {
             },
             stroke);
     }
+
+    // Shown on the same condition as a button's focus: the focus came from the keyboard.
+    QStyleOption option;
+    option.initFrom(this);
+    if (option.state.testFlags(QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange)) {
+        painter.resetTransform();
+        draw_focus_mark(painter, inner);
+    }
 }
 
 void CellWidget::mousePressEvent(QMouseEvent* event) {
     pressed_ = event->button() == Qt::LeftButton;
     QWidget::mousePressEvent(event);
+}
+
+// The second press of a double click is not a press of its own, so a double click is one
+// click. QWidget would hand it to mousePressEvent.
+void CellWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    pressed_ = false;
+    event->accept();
 }
 
 void CellWidget::mouseReleaseEvent(QMouseEvent* event) {

@@ -15,6 +15,7 @@
 #include "form/qt/cell_widget.h"
 #include "form/qt/geometry.h"
 #include "form/qt/image_widget.h"
+#include "form/qt/palette.h"
 #include "form/qt/shape_widget.h"
 
 namespace form::qt {
@@ -81,10 +82,7 @@ QPushButton* make_button(const CommandButton& model, const FontBook& fonts, cons
 
 Window::Window(Form& form, QWidget* parent) : QWidget(parent), form_(form) {
     setFixedSize(pixel_rect({0, 0, layout::kClientWidth, layout::kClientHeight}).size());
-    QPalette palette = this->palette();
-    palette.setColor(QPalette::Window, to_qcolor(kFormBackground));
-    palette.setColor(QPalette::Button, to_qcolor(kFormBackground));
-    setPalette(palette);
+    setPalette(form_palette());
     setAutoFillBackground(true);
 
     for (int i = 0; i < layout::kCellCount; ++i) {

@@ -122,6 +122,15 @@ def main():
     assert [a11y.name(c) for c in a11y.cells] == \
         [f"第{r}行第{c}列，空" for r in (1, 2, 3) for c in (1, 2, 3)]
     check_banner_runs(game)
+
+    # ---- Desktop identity: WM_CLASS names the desktop entry; _NET_WM_ICON holds its icon.
+    from Xlib import display
+    window = display.Display().create_resource_object("window", int(game.window))
+    assert window.get_wm_class()[1] == "io.github.sanlian.Sanlian", window.get_wm_class()
+    icon = window.get_full_property(window.display.get_atom("_NET_WM_ICON"), 0)
+    assert icon and icon.value[:2].tolist() == [48, 48], icon  # the first of its sizes
+    # ---- end of desktop identity
+
     marks = play_to_the_end(game, a11y, random.Random(start))
     check_marks_on_screen(game, a11y, marks)
     game.click(harness.EXIT)
