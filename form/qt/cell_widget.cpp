@@ -7,7 +7,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include <algorithm>
 #include <type_traits>
 #include <variant>
 
@@ -33,14 +32,6 @@ void draw_sunken_border(QPainter& painter, const QRect& rect) {
     edge(1, QColor(64, 64, 64), QColor(192, 192, 192));
 }
 
-// The mark as drawn, not the Tag: after a win the game writes "1" into every Tag.
-QString mark_name(const std::vector<Stroke>& strokes) {
-    if (strokes.empty()) return QStringLiteral("空");
-    const bool circle = std::ranges::any_of(
-        strokes, [](const Stroke& s) { return std::holds_alternative<CircleStroke>(s); });
-    return circle ? QStringLiteral("圆") : QStringLiteral("叉");
-}
-
 // Assistive tools see a cell of the board rather than a bare panel. Qt's accessibility
 // cache owns what a factory returns.
 QAccessibleInterface* cell_accessible(const QString&, QObject* object) {
@@ -50,24 +41,10 @@ QAccessibleInterface* cell_accessible(const QString&, QObject* object) {
 
 }  // namespace
 
-CellWidget::CellWidget(int row, int column, QWidget* parent)
-    : QWidget(parent), position_name_(QStringLiteral("第%1行第%2列").arg(row).arg(column)) {
+CellWidget::CellWidget(const PictureBox& cell, QWidget* parent) : QWidget(parent), cell_(cell) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     QAccessible::installFactory(cell_accessible);  // once: a second install is ignored
-}
-
-void CellWidget::show_state(const PictureBox& cell) {
-    setGeometry(pixel_rect(cell.bounds));
-    if (cell.strokes() != strokes_ || cell.DrawWidth != draw_width_) {
-        strokes_ = cell.strokes();
-        draw_width_ = cell.DrawWidth;
-        update();
-    }
-    // Only a change is announced to assistive tools, not every tick's sync.
-    const QString name = position_name_ + QStringLiteral("，") + mark_name(strokes_);
-    if (accessibleName() != name) setAccessibleName(name);
-    setVisible(cell.Visible);
 }
 
 void CellWidget::paintEvent(QPaintEvent*) {
@@ -83,10 +60,10 @@ void CellWidget::paintEvent(QPaintEvent*) {
     painter.scale(scale, scale);
     const auto pen = [&](Colour colour) {
         // In twips, since the painter scales: DrawWidth pixels wide, round ends as GDI draws.
-        return QPen(to_qcolor(colour), draw_width_ * layout::kTwipsPerPixel, Qt::SolidLine,
+        return QPen(to_qcolor(colour), cell_.DrawWidth * layout::kTwipsPerPixel, Qt::SolidLine,
                     Qt::RoundCap, Qt::RoundJoin);
     };
-    for (const auto& stroke : strokes_) {
+    for (const auto& stroke : cell_.strokes()) {
         std::visit(
             [&](const auto& s) {
                 painter.setPen(pen(s.colour));
