@@ -86,9 +86,9 @@ per_tick() {
         "$@" 2>"$work/$name.log" &
     local pid=$!
     sleep "$warm_s"
-    callgrind_control -i on "$pid" >/dev/null
+    callgrind_control -i on "$pid" >/dev/null 2>&1
     sleep "$measure_s"
-    callgrind_control -d "$pid" >/dev/null
+    callgrind_control -d "$pid" >/dev/null 2>&1
     kill -TERM "$pid" 2>/dev/null || true
     wait "$pid" 2>/dev/null || true
     local dump
@@ -127,5 +127,5 @@ BEGIN {
     if (li > 0)
         printf "%-34s %16.0f %16.0f %7.2fx  aim <= 1.5x   %s\n", "per banner tick", gi / gt,
             li / lt, (gi / gt) / (li / lt), verdict(gi / gt <= 1.5 * li / lt)
-    printf "(ticks counted: game %d, label %d)\n", gt, lt
+    if (li > 0) printf "(ticks counted: game %d, label %d)\n", gt, lt
 }'
