@@ -5,9 +5,10 @@
 # Xvfb. The two programs alternate, ROUNDS times each; medians and min-max are reported with
 # the ratio game/baseline and the aims:
 #   first frame   exec to the first XDamage event on the window (first_frame), <= 1.25x bare
-#   peak memory   maximum resident set size (/usr/bin/time -v),  <= bare + 8 MiB
-#   idle CPU      utime+stime over 10 s with only the banner running, <= 1% of one core
-# The CPU baseline is bare_window --banner, which swaps a label's pixmap every 50 ms.
+#   peak memory   maximum resident set size (/usr/bin/time -v),  <= bare + 4 MiB
+#   idle CPU      utime+stime over 10 s with only the banner running, <= the label banner's
+# The CPU floor is bare_window --banner, a QLabel handed the banner's frames prepared as
+# pixmaps. Instruction counts, which the machine's load does not move: callgrind.sh.
 #
 # Usage: bench/startup/run.sh [BUILD_DIR] [ROUNDS]   (defaults: build, 10)
 # Needs xvfb, xdotool, dbus-daemon and time; BUILD_DIR must be a build with SANLIAN_GUI and
@@ -155,7 +156,7 @@ BEGIN {
     printf "\n* bare_window --banner (peak RSS %.1f MiB, %.1f-%.1f)\n\n",
         bbm / 1024, bbm_min / 1024, bbm_max / 1024
     printf "aim: first frame <= 1.25x bare:  %.2fx  %s\n", gf / bf, verdict(gf <= 1.25 * bf)
-    printf "aim: peak RSS <= bare + 8 MiB:   %+.1f MiB  %s\n", (gm - bm) / 1024,
-        verdict(gm - bm <= 8 * 1024)
-    printf "aim: idle CPU <= 1%% of a core:   %.2f%%  %s\n", gc, verdict(gc <= 1)
+    printf "aim: peak RSS <= bare + 4 MiB:   %+.1f MiB  %s\n", (gm - bm) / 1024,
+        verdict(gm - bm <= 4 * 1024)
+    printf "aim: idle CPU <= label banner:   %.2fx  %s\n", (bc > 0 ? gc / bc : 0), verdict(gc <= bc)
 }'

@@ -32,6 +32,34 @@ void draw_sunken_border(QPainter& painter, const QRect& rect) {
     edge(1, QColor(64, 64, 64), QColor(192, 192, 192));
 }
 
+// The cell's strokes, in twips of its inner area, clipped to it.
+void draw_strokes(QPainter& painter, const QRect& inner, const PictureBox& cell) {
+    painter.save();
+    painter.setClipRect(inner);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(inner.topLeft());
+    const double scale = 1.0 / layout::kTwipsPerPixel;
+    painter.scale(scale, scale);
+    const auto pen = [&](Colour colour) {
+        // In twips, since the painter scales: DrawWidth pixels wide, round ends as GDI draws.
+        return QPen(to_qcolor(colour), cell.DrawWidth * layout::kTwipsPerPixel, Qt::SolidLine,
+                    Qt::RoundCap, Qt::RoundJoin);
+    };
+    for (const auto& stroke : cell.strokes()) {
+        std::visit(
+            [&](const auto& s) {
+                painter.setPen(pen(s.colour));
+                if constexpr (std::is_same_v<std::decay_t<decltype(s)>, CircleStroke>) {
+                    painter.drawEllipse(QPointF(s.x, s.y), s.radius, s.radius);
+                } else {
+                    painter.drawLine(QPointF(s.x1, s.y1), QPointF(s.x2, s.y2));
+                }
+            },
+            stroke);
+    }
+    painter.restore();
+}
+
 // Assistive tools see a cell of the board rather than a bare panel. Qt's accessibility
 // cache owns what a factory returns.
 QAccessibleInterface* cell_accessible(const QString&, QObject* object) {
@@ -47,34 +75,14 @@ CellWidget::CellWidget(const PictureBox& cell, QWidget* parent) : QWidget(parent
     QAccessible::installFactory(cell_accessible);  // once: a second install is ignored
 }
 
+// Border, ground, then the strokes, each step on its own, so that another layer (a mark of
+// the focus, say) slots in between them.
 void CellWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     draw_sunken_border(painter, rect());
     const QRect inner = rect().adjusted(kBorder, kBorder, -kBorder, -kBorder);
     painter.fillRect(inner, to_qcolor(kCellBackground));
-
-    painter.setClipRect(inner);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(inner.topLeft());
-    const double scale = 1.0 / layout::kTwipsPerPixel;
-    painter.scale(scale, scale);
-    const auto pen = [&](Colour colour) {
-        // In twips, since the painter scales: DrawWidth pixels wide, round ends as GDI draws.
-        return QPen(to_qcolor(colour), cell_.DrawWidth * layout::kTwipsPerPixel, Qt::SolidLine,
-                    Qt::RoundCap, Qt::RoundJoin);
-    };
-    for (const auto& stroke : cell_.strokes()) {
-        std::visit(
-            [&](const auto& s) {
-                painter.setPen(pen(s.colour));
-                if constexpr (std::is_same_v<std::decay_t<decltype(s)>, CircleStroke>) {
-                    painter.drawEllipse(QPointF(s.x, s.y), s.radius, s.radius);
-                } else {
-                    painter.drawLine(QPointF(s.x1, s.y1), QPointF(s.x2, s.y2));
-                }
-            },
-            stroke);
-    }
+    draw_strokes(painter, inner, cell_);
 }
 
 void CellWidget::mousePressEvent(QMouseEvent* event) {
