@@ -189,7 +189,7 @@ void Window::sync() {
     }
     const Image& image2 = form_.Image2;
     if (changed(shown.image2,
-                ShownControls::Image2{image2.picture.get(), image2.bounds, image2.Visible})) {
+                ShownControls::Image2{image2.picture, image2.bounds, image2.Visible})) {
         show_image2();
     }
 

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -36,7 +37,8 @@ struct ShownControls {
         friend bool operator==(const Cell&, const Cell&) = default;
     };
     struct Image2 {
-        const Picture* picture = nullptr;
+        // Held, so that a new picture cannot take a freed one's address and pass as shown.
+        std::shared_ptr<const Picture> picture;
         Bounds bounds;
         bool visible = true;
         friend bool operator==(const Image2&, const Image2&) = default;
