@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -60,19 +61,33 @@ public:
     Bounds bounds;
     int TabIndex = 0;
 
-    void Cls() { strokes_.clear(); }
+    void Cls() {
+        strokes_.clear();
+        ++surface_revision_;
+    }
     void Circle(float x, float y, float radius, Colour colour) {
         strokes_.emplace_back(CircleStroke{x, y, radius, colour});
+        ++surface_revision_;
     }
     void Line(float x1, float y1, float x2, float y2, Colour colour) {
         strokes_.emplace_back(LineStroke{x1, y1, x2, y2, colour});
+        ++surface_revision_;
     }
     const std::vector<Stroke>& strokes() const { return strokes_; }
+    // Grows with every Cls, Circle and Line, so a backend sees that the surface changed
+    // without keeping its strokes to compare.
+    std::uint64_t surface_revision() const { return surface_revision_; }
 
-    friend bool operator==(const PictureBox&, const PictureBox&) = default;
+    // Equal controls show the same; how their surfaces came to be does not count.
+    friend bool operator==(const PictureBox& a, const PictureBox& b) {
+        return a.Tag == b.Tag && a.Visible == b.Visible && a.ScaleWidth == b.ScaleWidth &&
+               a.DrawWidth == b.DrawWidth && a.bounds == b.bounds && a.TabIndex == b.TabIndex &&
+               a.strokes_ == b.strokes_;
+    }
 
 private:
     std::vector<Stroke> strokes_;
+    std::uint64_t surface_revision_ = 0;
 };
 
 struct Label {

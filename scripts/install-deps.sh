@@ -12,8 +12,8 @@ run_packages=("${build_packages[@]}")
 test_packages=("${build_packages[@]}" clang libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
     # packaging checks, the .deb test (lintian, hardening-check) and the file-access trace
     desktop-file-utils appstream dpkg-dev file lintian devscripts dbus-daemon strace python3
-    # the startup benchmarks: first_frame's libraries and /usr/bin/time
-    libx11-dev libxdamage-dev time
+    # the startup benchmarks: first_frame's libraries, /usr/bin/time and callgrind
+    libx11-dev libxdamage-dev time valgrind
     # the end-to-end and soak tests: AT-SPI, the close box's message, screenshots
     python3-pyatspi at-spi2-core dbus-bin python3-xlib imagemagick
     # the window on Wayland, under a headless compositor

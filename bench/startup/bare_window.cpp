@@ -1,31 +1,61 @@
 // SPDX-FileCopyrightText: 2026 Sanlian developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The baseline for the startup benchmarks: an empty Qt Widgets window with the game window's
-// title and client size. With --banner, a label in the banner's place swaps its pixmap every
-// 50 ms, as the game's banner does, so that idle CPU has a baseline too.
+// The floors for the startup benchmarks. Without arguments: an empty Qt Widgets window with
+// the game window's title and client size. With --banner: the least a Qt Widgets program can
+// do to show the game's banner. Its 93 frames are prepared once as pixmaps at the device
+// pixel sizes that the ticks give them; every 50 ms a QLabel in the banner's place is handed
+// the next one and resized to it, in the game's order 0, 1, ... 92, 91, ... 0.
 #include <QApplication>
-#include <QColor>
+#include <QImage>
 #include <QLabel>
 #include <QPixmap>
 #include <QString>
 #include <QTimer>
 #include <QWidget>
-#include <array>
+
+#include <cmath>
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
+#include <vector>
+
+#include "assets/banner_frames.h"
+#include "form/layout.h"
 
 namespace {
 
-constexpr int kClientWidth = 656;
-constexpr int kClientHeight = 450;
-// The banner's largest frame and where it stands on the window, in pixels.
-constexpr int kBannerX = 400;
-constexpr int kBannerY = 8;
-constexpr int kBannerWidth = 225;
-constexpr int kBannerHeight = 97;
-constexpr int kBannerIntervalMs = 50;
+namespace layout = form::layout;
+
+// A layout edge in twips to pixels, rounded as the game rounds it.
+int pixels(int twips) { return (twips + layout::kTwipsPerPixel / 2) / layout::kTwipsPerPixel; }
+
+QRect banner_rect(int frame_no) {
+    const int left = layout::kImage2.Left;
+    const int top = layout::kImage2.Top;
+    const int right = left + frame_no * 22 + 1600;
+    const int bottom = top + frame_no * 10 + 700;
+    return {pixels(left), pixels(top), pixels(right) - pixels(left), pixels(bottom) - pixels(top)};
+}
+
+QImage to_image(const form::Picture& picture) {
+    QImage image(picture.width(), picture.height(), QImage::Format_RGB32);
+    image.fill(QColor(0xc0, 0xc0, 0xc0));
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.is_ink(x, y)) image.setPixel(x, y, qRgb(0, 0, 0));
+        }
+    }
+    return image;
+}
+
+// The frames in showing order: one cycle of 185 ticks.
+std::vector<int> cycle() {
+    std::vector<int> order;
+    for (int f = 0; f < layout::kBannerFrameCount; ++f) order.push_back(f);
+    for (int f = layout::kBannerFrameCount - 2; f >= 0; --f) order.push_back(f);
+    return order;
+}
 
 }  // namespace
 
@@ -39,24 +69,33 @@ int main(int argc, char** argv) {
 
     QWidget window;
     window.setWindowTitle(QStringLiteral("三连棋局"));
-    window.setFixedSize(kClientWidth, kClientHeight);
+    window.setFixedSize(pixels(layout::kClientWidth), pixels(layout::kClientHeight));
 
-    std::array<QPixmap, 2> frames;
+    std::vector<QPixmap> frames;
+    const std::vector<int> order = cycle();
+    std::size_t tick = 0;
     QLabel label(&window);
     QTimer timer;
-    std::size_t frame_no = 0;
     if (banner) {
-        frames[0] = QPixmap(kBannerWidth, kBannerHeight);
-        frames[0].fill(QColor(0xc0, 0x20, 0x20));
-        frames[1] = QPixmap(kBannerWidth, kBannerHeight);
-        frames[1].fill(QColor(0x20, 0x20, 0xc0));
-        label.setGeometry(kBannerX, kBannerY, kBannerWidth, kBannerHeight);
-        label.setPixmap(frames[0]);
+        const qreal dpr = window.devicePixelRatioF();
+        const auto pictures = assets::make_banner_frames();
+        for (int f = 0; f < layout::kBannerFrameCount; ++f) {
+            const QSize size = banner_rect(f).size();
+            const QSize device(static_cast<int>(std::lround(size.width() * dpr)),
+                               static_cast<int>(std::lround(size.height() * dpr)));
+            QPixmap pixmap =
+                QPixmap::fromImage(to_image(*pictures[static_cast<std::size_t>(f)]).scaled(device));
+            pixmap.setDevicePixelRatio(dpr);
+            frames.push_back(pixmap);
+        }
+        label.setGeometry(banner_rect(0));
         QObject::connect(&timer, &QTimer::timeout, [&] {
-            frame_no = (frame_no + 1) % frames.size();
-            label.setPixmap(frames[frame_no]);
+            const int f = order[tick];
+            tick = (tick + 1) % order.size();
+            label.setPixmap(frames[static_cast<std::size_t>(f)]);
+            label.resize(banner_rect(f).size());
         });
-        timer.start(kBannerIntervalMs);
+        timer.start(layout::kBannerInterval);
     }
 
     window.show();

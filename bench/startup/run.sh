@@ -5,11 +5,13 @@
 # Xvfb. The two programs alternate, ROUNDS times each; medians and min-max are reported with
 # the ratio game/baseline and the aims:
 #   first frame   exec to the first XDamage event on the window (first_frame), <= 1.25x bare
-#   peak memory   maximum resident set size (/usr/bin/time -v),  <= bare + 8 MiB
-#   idle CPU      utime+stime over 10 s with only the banner running, <= 1% of one core
-# The CPU baseline is bare_window --banner, which swaps a label's pixmap every 50 ms.
+#   peak memory   maximum resident set size (/usr/bin/time -v),  <= bare + 4 MiB
+#   idle CPU      CPU time over 10 s with only the banner running, after a whole banner
+#                 cycle,                                          <= the label banner's
+# The CPU floor is bare_window --banner, a QLabel handed the banner's frames prepared as
+# pixmaps. Instruction counts, which the machine's load does not move: callgrind.sh.
 #
-# Usage: bench/startup/run.sh [BUILD_DIR] [ROUNDS]   (defaults: build, 10)
+# Usage: bench/startup/run.sh [BUILD_DIR] [ROUNDS]   (defaults: build, 10; about 50 s a round)
 # Needs xvfb, xdotool, dbus-daemon and time; BUILD_DIR must be a build with SANLIAN_GUI and
 # SANLIAN_BENCH on.
 set -euo pipefail
@@ -45,18 +47,19 @@ export QT_QPA_PLATFORM=xcb
 export LC_ALL=C.UTF-8
 
 title='^三连棋局$'
-settle_s=2
+# Longer than one banner cycle (9.25 s), so that the game has prepared every frame before
+# its idle CPU is measured.
+settle_s=10
 idle_s=10
-clk_tck=$(getconf CLK_TCK)
-
-# utime+stime of a process, in clock ticks. The fields are counted after the command name,
-# which is in parentheses and may hold spaces.
-cpu_ticks() {
-    local stat
-    stat=$(<"/proc/$1/stat")
-    stat=${stat##*) }
-    read -r -a fields <<<"$stat"
-    echo $((fields[11] + fields[12]))
+# CPU time of a process in nanoseconds, summed over its threads: utime+stime count in clock
+# ticks of 10 ms, too coarse for half a percent of a core over 10 s.
+cpu_ns() {
+    local total=0 run _
+    for f in /proc/"$1"/task/*/schedstat; do
+        read -r run _ <"$f" || continue
+        total=$((total + run))
+    done
+    echo "$total"
 }
 
 # Runs a program under /usr/bin/time until its window has settled, optionally measures its CPU
@@ -77,14 +80,14 @@ footprint() {
         { echo "$name showed no window" >&2; exit 1; }
     sleep "$settle_s"
     if [[ "$measure_cpu" == cpu ]]; then
-        local ticks0 ticks1 t0 t1
-        ticks0=$(cpu_ticks "$pid")
+        local cpu0 cpu1 t0 t1
+        cpu0=$(cpu_ns "$pid")
         t0=$(date +%s%N)
         sleep "$idle_s"
-        ticks1=$(cpu_ticks "$pid")
+        cpu1=$(cpu_ns "$pid")
         t1=$(date +%s%N)
-        awk -v d=$((ticks1 - ticks0)) -v hz="$clk_tck" -v ns=$((t1 - t0)) \
-            'BEGIN { printf "%.3f\n", 100 * d / hz / (ns / 1e9) }' >>"$work/$name.cpu"
+        awk -v d=$((cpu1 - cpu0)) -v ns=$((t1 - t0)) \
+            'BEGIN { printf "%.3f\n", 100 * d / ns }' >>"$work/$name.cpu"
     fi
     kill -TERM "$pid"
     wait "$time_pid" || true
@@ -155,7 +158,7 @@ BEGIN {
     printf "\n* bare_window --banner (peak RSS %.1f MiB, %.1f-%.1f)\n\n",
         bbm / 1024, bbm_min / 1024, bbm_max / 1024
     printf "aim: first frame <= 1.25x bare:  %.2fx  %s\n", gf / bf, verdict(gf <= 1.25 * bf)
-    printf "aim: peak RSS <= bare + 8 MiB:   %+.1f MiB  %s\n", (gm - bm) / 1024,
-        verdict(gm - bm <= 8 * 1024)
-    printf "aim: idle CPU <= 1%% of a core:   %.2f%%  %s\n", gc, verdict(gc <= 1)
+    printf "aim: peak RSS <= bare + 4 MiB:   %+.1f MiB  %s\n", (gm - bm) / 1024,
+        verdict(gm - bm <= 4 * 1024)
+    printf "aim: idle CPU <= label banner:   %.2fx  %s\n", (bc > 0 ? gc / bc : 0), verdict(gc <= bc)
 }'

@@ -8,7 +8,6 @@
 #include <QPainter>
 #include <QStyleOption>
 
-#include <algorithm>
 #include <type_traits>
 #include <variant>
 
@@ -34,12 +33,32 @@ void draw_sunken_border(QPainter& painter, const QRect& rect) {
     edge(1, QColor(64, 64, 64), QColor(192, 192, 192));
 }
 
-// The mark as drawn, not the Tag: after a win the game writes "1" into every Tag.
-QString mark_name(const std::vector<Stroke>& strokes) {
-    if (strokes.empty()) return QStringLiteral("空");
-    const bool circle = std::ranges::any_of(
-        strokes, [](const Stroke& s) { return std::holds_alternative<CircleStroke>(s); });
-    return circle ? QStringLiteral("圆") : QStringLiteral("叉");
+// The cell's strokes, in twips of its inner area, clipped to it.
+void draw_strokes(QPainter& painter, const QRect& inner, const PictureBox& cell) {
+    painter.save();
+    painter.setClipRect(inner);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(inner.topLeft());
+    const double scale = 1.0 / layout::kTwipsPerPixel;
+    painter.scale(scale, scale);
+    const auto pen = [&](Colour colour) {
+        // In twips, since the painter scales: DrawWidth pixels wide, round ends as GDI draws.
+        return QPen(to_qcolor(colour), cell.DrawWidth * layout::kTwipsPerPixel, Qt::SolidLine,
+                    Qt::RoundCap, Qt::RoundJoin);
+    };
+    for (const auto& stroke : cell.strokes()) {
+        std::visit(
+            [&](const auto& s) {
+                painter.setPen(pen(s.colour));
+                if constexpr (std::is_same_v<std::decay_t<decltype(s)>, CircleStroke>) {
+                    painter.drawEllipse(QPointF(s.x, s.y), s.radius, s.radius);
+                } else {
+                    painter.drawLine(QPointF(s.x1, s.y1), QPointF(s.x2, s.y2));
+                }
+            },
+            stroke);
+    }
+    painter.restore();
 }
 
 // Assistive tools see a cell of the board rather than a bare panel. Qt's accessibility
@@ -64,60 +83,23 @@ void draw_focus_mark(QPainter& painter, const QRect& inner) {
 
 }  // namespace
 
-CellWidget::CellWidget(int row, int column, QWidget* parent)
-    : QWidget(parent), position_name_(QStringLiteral("第%1行第%2列").arg(row).arg(column)) {
+CellWidget::CellWidget(const PictureBox& cell, QWidget* parent) : QWidget(parent), cell_(cell) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     QAccessible::installFactory(cell_accessible);  // once: a second install is ignored
 }
 
-void CellWidget::show_state(const PictureBox& cell) {
-    setGeometry(pixel_rect(cell.bounds));
-    if (cell.strokes() != strokes_ || cell.DrawWidth != draw_width_) {
-        strokes_ = cell.strokes();
-        draw_width_ = cell.DrawWidth;
-        update();
-    }
-    // Only a change is announced to assistive tools, not every tick's sync.
-    const QString name = position_name_ + QStringLiteral("，") + mark_name(strokes_);
-    if (accessibleName() != name) setAccessibleName(name);
-    setVisible(cell.Visible);
-}
-
+// Border, ground, the strokes, then the focus mark over them.
 void CellWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     draw_sunken_border(painter, rect());
     const QRect inner = rect().adjusted(kBorder, kBorder, -kBorder, -kBorder);
     painter.fillRect(inner, to_qcolor(kCellBackground));
-
-    painter.setClipRect(inner);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(inner.topLeft());
-    const double scale = 1.0 / layout::kTwipsPerPixel;
-    painter.scale(scale, scale);
-    const auto pen = [&](Colour colour) {
-        // In twips, since the painter scales: DrawWidth pixels wide, round ends as GDI draws.
-        return QPen(to_qcolor(colour), draw_width_ * layout::kTwipsPerPixel, Qt::SolidLine,
-                    Qt::RoundCap, Qt::RoundJoin);
-    };
-    for (const auto& stroke : strokes_) {
-        std::visit(
-            [&](const auto& s) {
-                painter.setPen(pen(s.colour));
-                if constexpr (std::is_same_v<std::decay_t<decltype(s)>, CircleStroke>) {
-                    painter.drawEllipse(QPointF(s.x, s.y), s.radius, s.radius);
-                } else {
-                    painter.drawLine(QPointF(s.x1, s.y1), QPointF(s.x2, s.y2));
-                }
-            },
-            stroke);
-    }
-
+    draw_strokes(painter, inner, cell_);
     // Shown on the same condition as a button's focus: the focus came from the keyboard.
     QStyleOption option;
     option.initFrom(this);
     if (option.state.testFlags(QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange)) {
-        painter.resetTransform();
         draw_focus_mark(painter, inner);
     }
 }
@@ -127,8 +109,7 @@ void CellWidget::mousePressEvent(QMouseEvent* event) {
     QWidget::mousePressEvent(event);
 }
 
-// The second press of a double click is not a press of its own, so a double click is one
-// click. QWidget would hand it to mousePressEvent.
+// The second press of a double click is no second click.
 void CellWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     pressed_ = false;
     event->accept();

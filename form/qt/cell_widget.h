@@ -5,24 +5,20 @@
 
 #include <QWidget>
 
-#include <vector>
-
 #include "form/controls.h"
 
 namespace form::qt {
 
-// A cell: a sunken border two pixels wide around a surface that shows the cell's strokes.
-// The strokes are kept as vectors in twips of the inner area and drawn through the painter's
-// transform, so they stay sharp at any device pixel ratio.
+// A cell: a sunken border two pixels wide around a surface that shows the strokes of the
+// form's cell, read from the form at every paint. The strokes are vectors in twips of the
+// inner area, drawn through the painter's transform, so they stay sharp at any device pixel
+// ratio. The window calls update() when the cell's surface changes.
 class CellWidget : public QWidget {
     Q_OBJECT
 
 public:
-    // row and column count from 1, for the accessible name.
-    CellWidget(int row, int column, QWidget* parent);
-
-    // Takes the cell's strokes, visibility and state; repaints only when the strokes change.
-    void show_state(const PictureBox& cell);
+    // cell must outlive the widget.
+    CellWidget(const PictureBox& cell, QWidget* parent);
 
 signals:
     // A press and release of the left button, both inside the cell.
@@ -35,9 +31,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    QString position_name_;
-    std::vector<Stroke> strokes_;
-    int draw_width_ = 1;
+    const PictureBox& cell_;
     bool pressed_ = false;
 };
 

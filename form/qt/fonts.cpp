@@ -40,12 +40,18 @@ constexpr double kPointsPerInch = 72;
 
 FontBook::FontBook() {
     for (const auto& entry : kStandIns) {
-        if (QFontDatabase::hasFamily(QString::fromUtf8(entry.family))) continue;
         QFile file(QString::fromUtf8(entry.resource));
         if (!file.open(QIODevice::ReadOnly) ||
             QFontDatabase::addApplicationFontFromData(file.readAll()) < 0) {
             qFatal("cannot load the compiled-in font %s", entry.resource);
         }
+    }
+    // The list of families is read from fontconfig once for any text. hasFamily() would also
+    // run fontconfig's substitution over every font on the machine for each name it is asked.
+    const QStringList families = QFontDatabase::families();
+    for (const auto& entry : kStandIns) {
+        const QString face = QString::fromUtf8(entry.face);
+        if (families.contains(face, Qt::CaseInsensitive)) faces_present_ << face;
     }
 }
 
@@ -57,7 +63,7 @@ QFont FontBook::font_for(const Font& font) const {
     const QString face = QString::fromUtf8(font.face);
     // The stand-in stays behind a present face, so a character that face lacks still shows.
     QStringList families;
-    if (QFontDatabase::hasFamily(face)) families << face;
+    if (faces_present_.contains(face)) families << face;
     families << stand_in_family(font.face);
 
     QFont result;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QFont>
+#include <QStringList>
 
 #include "form/controls.h"
 
@@ -23,6 +24,9 @@ public:
     QFont font_for(const Font& font) const;
     // The compiled-in family that stands in for a face.
     static QString stand_in_family(const char* face);
+
+private:
+    QStringList faces_present_;  // the layout's faces that the machine has
 };
 
 }  // namespace form::qt

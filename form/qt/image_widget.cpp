@@ -5,26 +5,36 @@
 
 #include <QPainter>
 
+#include <cmath>
+
 namespace form::qt {
 
 ImageWidget::ImageWidget(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
-void ImageWidget::set_image(const QImage& image) {
-    if (image.cacheKey() == image_.cacheKey()) return;
-    image_ = image;
+QSize ImageWidget::device_size() const {
+    const qreal ratio = devicePixelRatioF();
+    return {static_cast<int>(std::lround(width() * ratio)),
+            static_cast<int>(std::lround(height() * ratio))};
+}
+
+void ImageWidget::show_picture(const PreparedPicture* picture) {
+    if (picture == nullptr) {
+        if (!picture_) return;
+        picture_.reset();
+    } else {
+        picture_ = *picture;
+    }
     // A picture covers the whole widget, so the form's ground under it need not be painted.
-    setAttribute(Qt::WA_OpaquePaintEvent, !image_.isNull());
+    setAttribute(Qt::WA_OpaquePaintEvent, picture_.has_value());
     update();
 }
 
 void ImageWidget::paintEvent(QPaintEvent*) {
-    if (image_.isNull()) return;
+    if (!picture_) return;
     QPainter painter(this);
-    // Stretched pixel by pixel, as a bitmap stretches: smoothing a new size 20 times a second
-    // costs a sixth of the window's idle CPU.
-    painter.drawImage(rect(), image_);
+    picture_->paint(painter, rect());
 }
 
 }  // namespace form::qt

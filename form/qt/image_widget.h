@@ -3,23 +3,30 @@
 
 #pragma once
 
-#include <QImage>
 #include <QWidget>
+
+#include <optional>
+
+#include "form/qt/prepared_picture.h"
 
 namespace form::qt {
 
-// A picture stretched to the whole widget; nothing at all without a picture.
+// A picture prepared at the widget's size, covering the whole widget; nothing at all without
+// a picture.
 class ImageWidget : public QWidget {
 public:
     explicit ImageWidget(QWidget* parent);
 
-    void set_image(const QImage& image);
+    // The widget's size in device pixels, the size to prepare its picture at.
+    QSize device_size() const;
+    void show_picture(const PreparedPicture* picture);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QImage image_;
+    // Shares the prepared image; nothing is copied.
+    std::optional<PreparedPicture> picture_;
 };
 
 }  // namespace form::qt

@@ -17,6 +17,7 @@
 #include "form/qt/image_widget.h"
 #include "form/qt/palette.h"
 #include "form/qt/shape_widget.h"
+#include "form/speech.h"
 
 namespace form::qt {
 
@@ -25,9 +26,6 @@ namespace {
 constexpr std::array<TimerId, 3> kTimerIds{TimerId::Timer1, TimerId::Timer2, TimerId::Timer3};
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
-
-// Label1's name while the toss flickers: the captions it passes through are not the outcome.
-const QString kTossRunning = QStringLiteral("正在决定谁先");
 
 // Only a change is announced to assistive tools, not every tick's sync.
 void set_accessible_name(QWidget& widget, const QString& name) {
@@ -38,42 +36,50 @@ Qt::Alignment to_qt(Alignment alignment) {
     return (alignment == Alignment::Centre ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignTop;
 }
 
-void sync_button(QPushButton& button, const CommandButton& model) {
-    button.setGeometry(pixel_rect(model.bounds));
+void show_button(QPushButton& button, const CommandButton& model) {
     button.setText(text(model.Caption));
     set_accessible_name(button, text(model.Caption));
     button.setEnabled(model.Enabled);
 }
 
 // The name is set before the text: a label with a name of its own announces no new text.
-void sync_label(QLabel& label, const Label& model, const QString& name) {
-    label.setGeometry(pixel_rect(model.bounds));
-    set_accessible_name(label, name);
+void show_label(QLabel& label, const Label& model, const std::string& name) {
+    set_accessible_name(label, text(name));
     label.setText(text(model.Caption));
-    label.setAlignment(to_qt(model.alignment));
-    // Qt lays the text out and repaints on every setWordWrap, changed or not.
-    if (label.wordWrap() != model.word_wrap) label.setWordWrap(model.word_wrap);
     QPalette palette = label.palette();
     palette.setColor(QPalette::WindowText, to_qcolor(model.ForeColor.value_or(kDefaultForeColor)));
     label.setPalette(palette);
 }
 
+void show_timer(QTimer& timer, const Timer& model) {
+    if (!model.Enabled) {
+        timer.stop();
+    } else if (!timer.isActive() || timer.interval() != model.Interval) {
+        // A timer that stays enabled keeps its rhythm; start() would begin a new interval.
+        timer.start(model.Interval);
+    }
+}
+
 QLabel* make_label(const Label& model, const FontBook& fonts, const char* name,
-                   const QString& description, QWidget* parent) {
+                   const char* description, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setObjectName(QString::fromLatin1(name));
-    label->setAccessibleDescription(description);
+    label->setAccessibleDescription(QString::fromUtf8(description));
     label->setTextFormat(Qt::PlainText);
     label->setFont(fonts.font_for(model.font));
+    label->setGeometry(pixel_rect(model.bounds));
+    label->setAlignment(to_qt(model.alignment));
+    label->setWordWrap(model.word_wrap);
     return label;
 }
 
 QPushButton* make_button(const CommandButton& model, const FontBook& fonts, const char* name,
-                         const QString& description, QWidget* parent) {
+                         const char* description, QWidget* parent) {
     auto* button = new QPushButton(parent);
     button->setObjectName(QString::fromLatin1(name));
-    button->setAccessibleDescription(description);
+    button->setAccessibleDescription(QString::fromUtf8(description));
     button->setFont(fonts.font_for(model.font));
+    button->setGeometry(pixel_rect(model.bounds));
     button->setAutoDefault(true);  // Enter presses the button that has the focus
     return button;
 }
@@ -86,34 +92,34 @@ Window::Window(Form& form, QWidget* parent) : QWidget(parent), form_(form) {
     setAutoFillBackground(true);
 
     for (int i = 0; i < layout::kCellCount; ++i) {
-        auto* cell = new CellWidget(i / 3 + 1, i % 3 + 1, this);
+        const auto& model = form_.Picture1[static_cast<std::size_t>(i)];
+        auto* cell = new CellWidget(model, this);
         cell->setObjectName(QStringLiteral("Picture1(%1)").arg(i));
-        connect(cell, &CellWidget::clicked, this,
-                [this, i] { deliver([&] { form_.click_cell(i); }); });
+        cell->setGeometry(pixel_rect(model.bounds));
+        connect(cell, &CellWidget::clicked, this, [this, i] { click_cell(i); });
         cells_[static_cast<std::size_t>(i)] = cell;
     }
-    command1_ =
-        make_button(form_.Command1, fonts_, "Command1", QStringLiteral("开始新的一局"), this);
-    command2_ = make_button(form_.Command2, fonts_, "Command2", QStringLiteral("退出游戏"), this);
-    connect(command1_, &QPushButton::clicked, this,
-            [this] { deliver([&] { form_.click(ButtonId::Command1); }); });
-    connect(command2_, &QPushButton::clicked, this,
-            [this] { deliver([&] { form_.click(ButtonId::Command2); }); });
+    command1_ = make_button(form_.Command1, fonts_, "Command1", speech::kCommand1Description, this);
+    command2_ = make_button(form_.Command2, fonts_, "Command2", speech::kCommand2Description, this);
+    connect(command1_, &QPushButton::clicked, this, [this] { click(ButtonId::Command1); });
+    connect(command2_, &QPushButton::clicked, this, [this] { click(ButtonId::Command2); });
 
     // The outline lies under Label1's caption; both show, as the label has no ground.
     shape1_ = new ShapeWidget(this);
     shape1_->setObjectName(QStringLiteral("Shape1"));
-    label1_ = make_label(form_.Label1, fonts_, "Label1", QStringLiteral("谁先"), this);
-    label2_ = make_label(form_.Label2, fonts_, "Label2", QStringLiteral("结果"), this);
-    label3_ = make_label(form_.Label3, fonts_, "Label3", QStringLiteral("游戏规则"), this);
+    shape1_->setGeometry(pixel_rect(form_.Shape1.bounds));
+    label1_ = make_label(form_.Label1, fonts_, "Label1", speech::kLabel1Description, this);
+    label2_ = make_label(form_.Label2, fonts_, "Label2", speech::kLabel2Description, this);
+    label3_ = make_label(form_.Label3, fonts_, "Label3", speech::kLabel3Description, this);
     image2_ = new ImageWidget(this);
     image2_->setObjectName(QStringLiteral("Image2"));
+    image2_->setGeometry(pixel_rect(form_.Image2.bounds));
 
     for (std::size_t t = 0; t < kTimerIds.size(); ++t) {
         auto* timer = new QTimer(this);
         const TimerId id = kTimerIds[t];
         timer->setObjectName(QStringLiteral("Timer%1").arg(t + 1));
-        connect(timer, &QTimer::timeout, this, [this, id] { deliver([&] { form_.tick(id); }); });
+        connect(timer, &QTimer::timeout, this, [this, id] { tick(id); });
         timers_[t] = timer;
     }
 
@@ -121,16 +127,26 @@ Window::Window(Form& form, QWidget* parent) : QWidget(parent), form_(form) {
     sync();
 }
 
-template <typename Event>
-void Window::deliver(Event&& event) {
+void Window::click_cell(int index) {
     if (closed_) return;
-    std::forward<Event>(event)();
+    form_.click_cell(index);
+    sync();
+}
+
+void Window::click(ButtonId button) {
+    if (closed_) return;
+    form_.click(button);
+    sync();
+}
+
+void Window::tick(TimerId timer) {
+    if (closed_) return;
+    form_.tick(timer);
     sync();
 }
 
 void Window::sync() {
     if (closed_) return;
-    setWindowTitle(text(form_.Caption));
     const bool first = !shown_;
     ShownControls& shown = first ? shown_.emplace() : *shown_;
     const auto changed = [first](auto& last, const auto& now) {
@@ -139,47 +155,55 @@ void Window::sync() {
         return true;
     };
 
+    if (changed(shown.caption, form_.Caption)) setWindowTitle(text(form_.Caption));
     for (std::size_t i = 0; i < cells_.size(); ++i) {
-        if (changed(shown.cells[i], form_.Picture1[i])) cells_[i]->show_state(form_.Picture1[i]);
+        const PictureBox& cell = form_.Picture1[i];
+        auto& widget = *cells_[i];
+        auto& last = shown.cells[i];
+        const ShownControls::Cell now{cell.surface_revision(), cell.DrawWidth, cell.Visible};
+        if (first || now.surface_revision != last.surface_revision ||
+            now.draw_width != last.draw_width) {
+            widget.update();
+            set_accessible_name(widget, text(speech::cell_name(static_cast<int>(i), cell)));
+        }
+        if (first || now.visible != last.visible) widget.setVisible(now.visible);
+        last = now;
     }
-    if (changed(shown.command1, form_.Command1)) sync_button(*command1_, form_.Command1);
-    if (changed(shown.command2, form_.Command2)) sync_button(*command2_, form_.Command2);
-    // Label1 changes on every tick of the toss; its name follows only once Timer1 stops, so
-    // the outcome is announced once instead of a hundred times a second.
-    const auto caption = [](const Label& label) { return text(label.Caption).trimmed(); };
+    if (changed(shown.command1, form_.Command1)) show_button(*command1_, form_.Command1);
+    if (changed(shown.command2, form_.Command2)) show_button(*command2_, form_.Command2);
+    // Label1 changes on every tick of the toss; its name follows only once Timer1 stops.
     const bool label1_changed = changed(shown.label1, form_.Label1);
     if (changed(shown.tossing, form_.Timer1.Enabled) || label1_changed) {
-        sync_label(*label1_, form_.Label1,
-                   form_.Timer1.Enabled ? kTossRunning : caption(form_.Label1));
+        show_label(*label1_, form_.Label1, speech::label1_name(form_.Label1, form_.Timer1.Enabled));
     }
     if (changed(shown.label2, form_.Label2)) {
-        sync_label(*label2_, form_.Label2, caption(form_.Label2));
+        show_label(*label2_, form_.Label2, speech::caption_name(form_.Label2));
     }
     if (changed(shown.label3, form_.Label3)) {
-        sync_label(*label3_, form_.Label3, caption(form_.Label3));
+        show_label(*label3_, form_.Label3, speech::caption_name(form_.Label3));
     }
     if (changed(shown.shape1, form_.Shape1)) {
-        shape1_->setGeometry(pixel_rect(form_.Shape1.bounds));
         shape1_->set_border_color(to_qcolor(form_.Shape1.BorderColor.value_or(kDefaultForeColor)));
     }
-
-    const Image& image = form_.Image2;
-    image2_->setGeometry(pixel_rect(image.bounds));
-    image2_->set_image(pictures_.image(image.picture));
-    image2_->setVisible(image.Visible);
+    const Image& image2 = form_.Image2;
+    if (changed(shown.image2,
+                ShownControls::Image2{image2.picture, image2.bounds, image2.Visible})) {
+        show_image2();
+    }
 
     for (std::size_t t = 0; t < kTimerIds.size(); ++t)
-        sync_timer(*timers_[t], form_.timer(kTimerIds[t]));
+        show_timer(*timers_[t], form_.timer(kTimerIds[t]));
     if (form_.unloaded()) close();
 }
 
-void Window::sync_timer(QTimer& timer, const Timer& model) {
-    if (!model.Enabled) {
-        timer.stop();
-    } else if (!timer.isActive() || timer.interval() != model.Interval) {
-        // A timer that stays enabled keeps its rhythm; start() would begin a new interval.
-        timer.start(model.Interval);
-    }
+// The banner's only moving part: a new picture and a new size on every tick.
+void Window::show_image2() {
+    const Image& model = form_.Image2;
+    image2_->setGeometry(pixel_rect(model.bounds));
+    image2_->show_picture(model.picture ? &pictures_.prepared(model.picture, image2_->device_size(),
+                                                              image2_->devicePixelRatioF())
+                                        : nullptr);
+    image2_->setVisible(model.Visible);
 }
 
 // Keyboard focus follows TabIndex among the controls that can take it: cells and buttons.

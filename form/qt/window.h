@@ -6,11 +6,14 @@
 #include <QWidget>
 
 #include <array>
+#include <cstdint>
+#include <memory>
 #include <optional>
+#include <string>
 
 #include "form/form.h"
 #include "form/qt/fonts.h"
-#include "form/qt/picture_cache.h"
+#include "form/qt/prepared_picture.h"
 
 class QLabel;
 class QPushButton;
@@ -22,10 +25,27 @@ class CellWidget;
 class ImageWidget;
 class ShapeWidget;
 
-// The controls as the widgets show them, from the last sync: the banner ticks 20 times a
-// second, and touching every widget each time costs as much idle CPU as the banner.
+// What the widgets were last told, for the properties that events change: a sync compares
+// the form with this record and touches only the widgets whose controls changed, since the
+// banner alone syncs 20 times a second. Cells keep no strokes here: their widgets paint from
+// the form, and a cell's surface revision tells when to repaint.
 struct ShownControls {
-    std::array<PictureBox, layout::kCellCount> cells;
+    struct Cell {
+        std::uint64_t surface_revision = 0;
+        int draw_width = 0;
+        bool visible = true;
+        friend bool operator==(const Cell&, const Cell&) = default;
+    };
+    struct Image2 {
+        // Held, so that a new picture cannot take a freed one's address and pass as shown.
+        std::shared_ptr<const Picture> picture;
+        Bounds bounds;
+        bool visible = true;
+        friend bool operator==(const Image2&, const Image2&) = default;
+    };
+
+    std::string caption;
+    std::array<Cell, layout::kCellCount> cells;
     CommandButton command1;
     CommandButton command2;
     Label label1;
@@ -33,10 +53,12 @@ struct ShownControls {
     Label label2;
     Label label3;
     Shape shape1;
+    Image2 image2;
 };
 
-// The form on the screen: a widget for each control, a QTimer for each timer. Every click
-// and tick is handed to the form, and then every widget is read again from the form, so the
+// The form on the screen: a widget for each control, a QTimer for each timer. The controls
+// are laid out once, at construction; afterwards only Image2's size follows the form. Every
+// click and tick is handed to the form, and then the window shows what it changed, so the
 // window shows the model and nothing else. Closing the window, or the form unloading, emits
 // closed() once.
 //
@@ -52,8 +74,8 @@ public:
     // form must outlive the window. Needs a QApplication.
     explicit Window(Form& form, QWidget* parent = nullptr);
 
-    // Reads every control from the form and starts or stops the timers to match; closes the
-    // window once the form is unloaded.
+    // Shows every control as the form now has it and starts or stops the timers to match;
+    // closes the window once the form is unloaded.
     void sync();
 
 signals:
@@ -63,15 +85,17 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    // Runs one event of the form, then shows its outcome.
-    template <typename Event>
-    void deliver(Event&& event);
-    void sync_timer(QTimer& timer, const Timer& model);
+    // One event each: handed to the form, then shown.
+    void click_cell(int index);
+    void click(ButtonId button);
+    void tick(TimerId timer);
+
+    void show_image2();
     void set_tab_order();
 
     Form& form_;
     FontBook fonts_;
-    PictureCache pictures_;
+    PreparedPictures pictures_;
     std::array<CellWidget*, layout::kCellCount> cells_{};
     QPushButton* command1_;
     QPushButton* command2_;
@@ -82,6 +106,7 @@ private:
     ImageWidget* image2_;
     std::array<QTimer*, 3> timers_{};
 
+    // Null until the first sync, which shows everything.
     std::optional<ShownControls> shown_;
     bool closed_ = false;
 };

@@ -17,7 +17,7 @@
 #include "effects/toss.h"
 #include "form/layout.h"
 #include "form/marks.h"
-#include "form/qt/picture_cache.h"
+#include "form/qt/prepared_picture.h"
 #include "form/qt/window.h"
 #include "game/form1.h"
 #include "recording_form.h"
@@ -318,13 +318,13 @@ private slots:
             }
         }
 
-        form::qt::PictureCache cache;
+        form::qt::PreparedPictures cache;
         const auto shared = std::make_shared<const form::Picture>(picture);
         const auto other = std::make_shared<const form::Picture>(picture);
-        const qint64 first = cache.image(shared).cacheKey();
-        QCOMPARE(cache.image(shared).cacheKey(), first);
-        QVERIFY(cache.image(other).cacheKey() != first);
-        QVERIFY(cache.image(nullptr).isNull());
+        const auto* first = &cache.prepared(shared, QSize(10, 2), 1);
+        QCOMPARE(&cache.prepared(shared, QSize(10, 2), 1), first);
+        QCOMPARE(first->ink.pixelColor(0, 0), QColor(0, 0, 255));
+        QVERIFY(cache.prepared(other, QSize(10, 2), 1).ink.cacheKey() != first->ink.cacheKey());
     }
 };
 

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 Sanlian developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "form/qt/prepared_picture.h"
+
+#include <QPainter>
+#include <QRect>
+
+#include <algorithm>
+#include <cstring>
+
+#include "form/qt/geometry.h"
+
+namespace form::qt {
+
+QImage to_image(const Picture& picture) {
+    // Picture and Format_Mono agree on the bits: one a pixel, most significant first.
+    QImage image(picture.width(), picture.height(), QImage::Format_Mono);
+    image.setColorTable({to_qcolor(picture.ground()).rgb(), to_qcolor(picture.ink()).rgb()});
+    const auto row_bytes = static_cast<std::size_t>(picture.bytes_per_row());
+    for (int y = 0; y < picture.height(); ++y) {
+        std::memcpy(image.scanLine(y),
+                    picture.bits().data() + row_bytes * static_cast<std::size_t>(y), row_bytes);
+    }
+    return image;
+}
+
+PreparedPicture prepare(const Picture& picture, QSize device_size, qreal device_pixel_ratio) {
+    PreparedPicture prepared{device_size, to_qcolor(picture.ground()), {}, {}};
+    if (device_size.isEmpty()) return prepared;
+
+    QImage whole(device_size, QImage::Format_RGB32);
+    {
+        QPainter painter(&whole);
+        painter.drawImage(QRect(QPoint(), device_size), to_image(picture));
+    }
+    const QRgb ground = prepared.ground.rgb();
+    QRect box;
+    for (int y = 0; y < whole.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(whole.constScanLine(y));
+        const auto* end = row + whole.width();
+        const auto* first = std::find_if(row, end, [&](QRgb p) { return p != ground; });
+        if (first == end) continue;
+        const auto last =
+            std::find_if(std::make_reverse_iterator(end), std::make_reverse_iterator(first),
+                         [&](QRgb p) { return p != ground; });
+        box |= QRect(static_cast<int>(first - row), y, static_cast<int>(last.base() - first), 1);
+    }
+    if (box.isEmpty()) return prepared;
+    prepared.ink = whole.copy(box);
+    prepared.ink.setDevicePixelRatio(device_pixel_ratio);
+    prepared.ink_at = box.topLeft();
+    return prepared;
+}
+
+void PreparedPicture::paint(QPainter& painter, const QRect& target) const {
+    painter.fillRect(target, ground);
+    if (ink.isNull()) return;
+    const qreal ratio = ink.devicePixelRatio();
+    painter.drawImage(QPointF(target.topLeft()) + QPointF(ink_at) / ratio, ink);
+}
+
+const PreparedPicture& PreparedPictures::prepared(const std::shared_ptr<const Picture>& picture,
+                                                  QSize device_size, qreal device_pixel_ratio) {
+    const auto found = entries_.find(picture.get());
+    if (found != entries_.end() && found->second.picture.lock() == picture &&
+        found->second.prepared.size == device_size &&
+        found->second.device_pixel_ratio == device_pixel_ratio) {
+        return found->second.prepared;
+    }
+    std::erase_if(entries_, [](const auto& entry) { return entry.second.picture.expired(); });
+    Entry entry{picture, device_pixel_ratio, prepare(*picture, device_size, device_pixel_ratio)};
+    return entries_.insert_or_assign(picture.get(), std::move(entry)).first->second.prepared;
+}
+
+}  // namespace form::qt
