@@ -24,10 +24,16 @@ void ShapeWidget::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(border_color_, 1));
     painter.setBrush(Qt::NoBrush);
-    // Half a pixel in, so the one-pixel line lies on the widget's outermost pixels.
-    const QRectF outline = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    const double radius = std::min(outline.width(), outline.height()) / 6;
-    painter.drawRoundedRect(outline, radius, radius);
+    painter.drawPath(outline(rect()));
+}
+
+QPainterPath ShapeWidget::outline(const QRect& rect) {
+    // Half a pixel in, so a one-pixel line lies on the outermost pixels.
+    const QRectF line = QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    const double radius = std::min(line.width(), line.height()) / 6;
+    QPainterPath path;
+    path.addRoundedRect(line, radius, radius);
+    return path;
 }
 
 }  // namespace form::qt

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPainterPath>
 #include <QWidget>
 
 namespace form::qt {
@@ -15,6 +16,9 @@ public:
     explicit ShapeWidget(QWidget* parent);
 
     void set_border_color(const QColor& colour);
+    // The rounded rectangle along the edges of `rect`, through the middle of its outermost
+    // pixels.
+    static QPainterPath outline(const QRect& rect);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

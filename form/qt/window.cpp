@@ -16,6 +16,7 @@
 #include "form/qt/geometry.h"
 #include "form/qt/image_widget.h"
 #include "form/qt/palette.h"
+#include "form/qt/panel_label.h"
 #include "form/qt/shape_widget.h"
 #include "form/speech.h"
 
@@ -60,9 +61,10 @@ void show_timer(QTimer& timer, const Timer& model) {
     }
 }
 
+template <typename LabelWidget = QLabel>
 QLabel* make_label(const Label& model, const FontBook& fonts, const char* name,
                    const char* description, QWidget* parent) {
-    auto* label = new QLabel(parent);
+    auto* label = new LabelWidget(parent);
     label->setObjectName(QString::fromLatin1(name));
     label->setAccessibleDescription(QString::fromUtf8(description));
     label->setTextFormat(Qt::PlainText);
@@ -104,11 +106,15 @@ Window::Window(Form& form, QWidget* parent) : QWidget(parent), form_(form) {
     connect(command1_, &QPushButton::clicked, this, [this] { click(ButtonId::Command1); });
     connect(command2_, &QPushButton::clicked, this, [this] { click(ButtonId::Command2); });
 
-    // The outline lies under Label1's caption; both show, as the label has no ground.
+    label1_ =
+        make_label<PanelLabel>(form_.Label1, fonts_, "Label1", speech::kLabel1Description, this);
+    QPalette panel = label1_->palette();
+    panel.setColor(QPalette::Window, to_qcolor(kLabel1Background));
+    label1_->setPalette(panel);
+    // The outline lies over Label1's ground, and the caption shows through its inside.
     shape1_ = new ShapeWidget(this);
     shape1_->setObjectName(QStringLiteral("Shape1"));
     shape1_->setGeometry(pixel_rect(form_.Shape1.bounds));
-    label1_ = make_label(form_.Label1, fonts_, "Label1", speech::kLabel1Description, this);
     label2_ = make_label(form_.Label2, fonts_, "Label2", speech::kLabel2Description, this);
     label3_ = make_label(form_.Label3, fonts_, "Label3", speech::kLabel3Description, this);
     image2_ = new ImageWidget(this);

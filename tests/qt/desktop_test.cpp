@@ -12,11 +12,12 @@
 #include "form/qt/window.h"
 #include "recording_form.h"
 
-// The contrast of a control's caption as WCAG 2 measures it: inside the control's edge, the
+// The contrast of a control's caption as WCAG 2 measures it: well inside its edge and corners, the
 // lightest colour against the darkest, one of them the text and the other its ground.
 static double caption_contrast(QWidget& window, const char* name) {
     const QImage shot =
-        window.grab(window.findChild<QWidget*>(name)->geometry().adjusted(4, 4, -4, -4)).toImage();
+        window.grab(window.findChild<QWidget*>(name)->geometry().adjusted(10, 10, -10, -10))
+            .toImage();
     const auto linear = [](int v) {
         return v <= 10 ? v / 3294.6 : std::pow((v / 255.0 + 0.055) / 1.055, 2.4);
     };
@@ -40,8 +41,13 @@ private slots:
         for (const QPalette& desktop : {QApplication::palette(), darker, QPalette(Qt::black)}) {
             QApplication::setPalette(desktop);
             testing_support::RecordingForm form;
+            // The toss's red caption and a draw's blue one, colours written 0xBBGGRR.
+            form.Label1.Caption = "计算机先";
+            form.Label1.ForeColor = 0x0000FF;
+            form.Label2.Caption = "和局！";
+            form.Label2.ForeColor = 0xFF0000;
             form::qt::Window window(form);
-            for (const char* name : {"Command1", "Command2", "Label3"})
+            for (const char* name : {"Command1", "Command2", "Label1", "Label2", "Label3"})
                 QVERIFY2(caption_contrast(window, name) >= 4.5, name);
             // A disabled Start stays legible but reads clearly fainter than the enabled Exit.
             form.Command1.Enabled = false;
