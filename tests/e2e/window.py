@@ -117,6 +117,7 @@ def soak(program, start=time.time_ns() % 2**32):
 
 def trace(program, source, build):
     copy, log = shutil.copy2(program, os.environ["HOME"]), os.environ["HOME"] + "/trace"  # run from outside both trees
+    os.environ["ASAN_OPTIONS"] = os.environ.get("ASAN_OPTIONS", "") + ":detect_leaks=0"  # LeakSanitizer cannot run under ptrace
     game = Game(copy, ["strace", "-f", "-qq", "-y", "-x", "-s", "4096", "-o", log, "-e", "trace=%file"])
     play_each_ending(game)
     game.ends("Exit")
