@@ -35,6 +35,7 @@ class Game:
         self.process = subprocess.Popen([*strace, program], env=env)
         self.window = xdotool("search", "--sync", "--onlyvisible", "--name", "^三连棋局$").split()[0]
         self.pid = int(xdotool("getwindowpid", self.window))
+        self.origin = [int(v.split("=")[1]) for v in xdotool("getwindowgeometry", "--shell", self.window).split()[1:3]]
 
     def attach(self):  # the controls over AT-SPI: cells, buttons, captions
         import pyatspi
@@ -56,10 +57,11 @@ class Game:
 
     def mouse(self, *actions):  # ("click", x, y), ("double", x, y), ("drag", x, y, x2, y2), ("sleep", s)
         args = []
-        for kind, *a in actions:
-            at = ["mousemove", "--window", self.window]
-            args += {"sleep": ["sleep", *a], "click": [*at, *a, "click", 1], "double": [*at, *a, "click", "--repeat", 2, "--delay", 40, 1],
-                     "drag": [*at, *a[:2], "mousedown", 1, *at, *a[2:], "mouseup", 1]}[kind]
+        for kind, *a in actions:  # on screen; "click" with --window waits about 0.1 s each
+            at = ["mousemove", *(c + o for c, o in zip(a, self.origin * 2))][:3]
+            args += {"sleep": ["sleep", *a], "click": [*at, "mousedown", 1, "mouseup", 1],
+                     "double": [*at, "mousedown", 1, "mouseup", 1, "sleep", 0.04, "mousedown", 1, "mouseup", 1],
+                     "drag": [*at, "mousedown", 1, "mousemove", *(c + o for c, o in zip(a[2:], self.origin)), "mouseup", 1]}[kind]
         xdotool(*args)
 
     def ends(self, how):
@@ -94,7 +96,7 @@ def play_each_ending(game):
         assert wait(lambda: game.name(game.label2), "a result") == ending and game.enabled(game.start)
     at = game.shot()  # after the draw nothing but the banner moves
     banner = [(x, y) for x in range(400, 642, 3) for y in range(8, 116, 3)]
-    wait(lambda: [game.shot()(*p) for p in banner] != [at(*p) for p in banner], "the banner to move", 2)
+    wait(lambda: (lambda now: [now(*p) for p in banner])(game.shot()) != [at(*p) for p in banner], "the banner to move", 2)
 
 
 def soak(program, start=time.time_ns() % 2**32):
