@@ -10,7 +10,7 @@
 
 #include "form/random.h"
 #include "game/form1.h"
-#include "reference_game.h"
+#include "game_model.h"
 
 // Whole games through the headless Form1, against the same games on a bare array, so the cost
 // of the control model shows as a ratio.
@@ -64,13 +64,13 @@ void BM_FormGame(benchmark::State& state) {
 BENCHMARK(BM_FormGame);
 
 // The baseline: the same toss, rule and human on a plain array, with no controls, strings or
-// drawing; the rule is the tests' reference model of it.
+// drawing; the rule is the one of the tests' model of the game.
 void BM_ArrayGame(benchmark::State& state) {
     FixedRandom random(1);
     std::mt19937 human(2);
     std::int64_t moves = 0;
     for (auto _ : state) {
-        reference_game::Board board{};
+        model::Board board{};
         const int toss_limit =
             20 + static_cast<int>(static_cast<double>(random.random_next()) * 10);
         int tick = 0;
@@ -79,13 +79,13 @@ void BM_ArrayGame(benchmark::State& state) {
         bool humans_turn = human_mark == 1;
         for (int move = 0; move < 9; ++move) {
             const int mark = move % 2 == 0 ? 1 : -1;
-            const int cell =
-                humans_turn
-                    ? pick_empty(board, human)
-                    : reference_game::computer_cell(
-                          board, mark, move == 1 && board[4] != 0 ? random.random_next() : 0.0F);
+            const int cell = humans_turn
+                                 ? pick_empty(board, human)
+                                 : model::computer_cell(
+                                       board, move + 1, mark,
+                                       move == 1 && board[4] != 0 ? random.random_next() : 0.0F);
             board[static_cast<std::size_t>(cell)] = mark;
-            const bool won = reference_game::line_owner(board) != 0;
+            const bool won = model::line_owner(board) != 0;
             ++moves;
             if (won) break;
             humans_turn = !humans_turn;

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 Sanlian developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "lockstep.h"
+
+namespace {
+
+// Every control before any event: bounds in twips, TabIndex, font, centring and caption.
+TEST(Layout, EveryControlAsLaidOut) {
+    const lockstep::Pair pair;
+    const auto& f = pair.form;
+    const auto row = [](const auto& c, bool centred) {
+        return std::to_string(c.bounds.Left) + " " + std::to_string(c.bounds.Top) + " " +
+               std::to_string(c.bounds.Width) + " " + std::to_string(c.bounds.Height) + " " +
+               std::to_string(c.TabIndex) + " " + c.font.face + " " +
+               std::to_string(c.font.weight) + " " + std::to_string(c.font.points) + " " +
+               std::to_string(c.font.charset) + (centred ? " centred " : " ") + c.Caption;
+    };
+    const auto centred = [](const form::Label& l) {
+        return l.alignment == form::Alignment::Centre;
+    };
+    EXPECT_EQ(row(f.Command1, false), "4440 360 1455 615 12 隶书 700 21.750000 134 开始");
+    EXPECT_EQ(row(f.Command2, false), "4440 1560 1455 615 11 隶书 700 21.750000 134 退出");
+    EXPECT_EQ(row(f.Label1, centred(f.Label1)),
+              "4320 2640 2415 855 9 宋体 400 26.250000 134 centred ");
+    EXPECT_EQ(row(f.Label2, centred(f.Label2)),
+              "1560 5040 2415 735 10 宋体 400 26.250000 134 centred ");
+    EXPECT_EQ(
+        row(f.Label3, centred(f.Label3)),
+        "4440 3600 5295 2895 13 隶书 700 15.750000 134     "
+        "游戏规则：按“开始”后，随机选择“您先”或“计算机先”。游戏时，先玩者画“圆”，后完者画“叉”。"
+        "若出现某一横行或某一竖行或某一对角线均为圆（或叉），则先玩者（后完者）获胜。若填完所有格后"
+        "，"
+        "双方均未出现此情形，则为和局。结束一局后，可按“开始”继续游戏。    ");
+    EXPECT_TRUE(f.Label3.word_wrap && f.Shape1.bounds == f.Label1.bounds &&
+                f.Caption == "三连棋局");
+    EXPECT_TRUE(f.Image2.Stretch && f.Image2.Visible && !f.Image2.picture);
+    EXPECT_EQ(f.Image2.bounds, (form::Bounds{6000, 120, 1575, 855}));
+    EXPECT_EQ((std::array{f.Timer1.Interval, f.Timer2.Interval, f.Timer3.Interval}),
+              (std::array{10, 500, 50}));
+    EXPECT_EQ((std::array{f.Timer1.Enabled, f.Timer2.Enabled}), (std::array{false, false}));
+    for (int i = 0; i < 9; ++i) {
+        const auto& c = f.Picture1.at(i);
+        const form::Bounds bounds{480 + 1200 * (i % 3), 480 + 1200 * (i / 3), 1095, 1095};
+        EXPECT_TRUE(c.bounds == bounds && c.TabIndex == i && c.DrawWidth == 10) << i;
+        EXPECT_EQ(c.ScaleWidth, 1035);  // inside a border of 2 pixels
+    }
+}
+
+// 93 frames of 225 x 97 pixels, silver ground and black ink: frame 0 blank, each later one its
+// predecessor and 6 to 58 ink pixels more, 2685 at the end, inside columns 14 to 216 and rows
+// 33 to 84; hidden, each in a control of 3375 x 1455 twips.
+TEST(Layout, BannerFramesWriteTheInscription) {
+    const lockstep::Pair pair;
+    const form::Picture* last = nullptr;
+    for (const auto& frame : pair.form.Image1) {
+        const auto& p = *frame.picture;
+        ASSERT_TRUE(p.width() == 225 && p.height() == 97 && p.ground() == 0xC0C0C0 && p.ink() == 0);
+        EXPECT_TRUE(!frame.Visible && frame.bounds.Width == 3375 && frame.bounds.Height == 1455);
+        const int added = p.ink_count() - (last ? last->ink_count() : 0);
+        EXPECT_TRUE(last ? added >= 6 && added <= 58 : added == 0) << added;
+        for (int x = 0; x < 225; ++x) {
+            for (int y = 0; y < 97; ++y) {
+                EXPECT_TRUE(!last || !last->is_ink(x, y) || p.is_ink(x, y));
+                EXPECT_TRUE(!p.is_ink(x, y) || (x >= 14 && x <= 216 && y >= 33 && y <= 84));
+            }
+        }
+        last = &p;
+    }
+    EXPECT_EQ(pair.form.Image1.size() * 10000 + static_cast<std::size_t>(last->ink_count()),
+              932685U);
+}
+
+}  // namespace
