@@ -64,7 +64,7 @@ inline std::string differs(const game::Form1& f, const model::Game& m, const Pla
         return "the mark's coordinates, the winning line or the banner";
     if (tuple(f.unloaded(), f.Command2.Enabled, f.Timer3.Enabled, random.values.empty(),
               random.unplanned, random.seeds) != tuple(m.unloaded, 1, 1, m.drew, 0, 1))
-        return "Exit, or the random draws and the seed";
+        return "Exit, or the random draws and randomize";
     return {};
 }
 
