@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QIcon>
 
+#include "form/qt/after_first_frame.h"
 #include "form/qt/window.h"
 #include "game/form1.h"
 
@@ -16,11 +17,6 @@ int main(int argc, char* argv[]) {
     const QString entry = QStringLiteral("io.github.sanlian.Sanlian");
     QGuiApplication::setDesktopFileName(entry);
     QCoreApplication::setApplicationName(entry);
-    QIcon icon;
-    for (const int size : {48, 256}) {
-        icon.addFile(QStringLiteral(":/icons/%1x%1/io.github.sanlian.Sanlian.png").arg(size));
-    }
-    QApplication::setWindowIcon(icon);
     game::Form1 form;
     form::qt::Window window(form);
     QObject::connect(&window, &form::qt::Window::closed, &app, &QCoreApplication::quit,
@@ -29,5 +25,14 @@ int main(int argc, char* argv[]) {
     window.sync();
     if (form.unloaded()) return 0;
     window.show();
+    // Decoding the icon's pictures costs a tenth of the start-up; window managers take an icon
+    // whenever it is set, so it follows the first frame.
+    form::qt::after_first_frame(window, [] {
+        QIcon icon;
+        for (const int size : {48, 256}) {
+            icon.addFile(QStringLiteral(":/icons/%1x%1/io.github.sanlian.Sanlian.png").arg(size));
+        }
+        QApplication::setWindowIcon(icon);
+    });
     return QApplication::exec();
 }
