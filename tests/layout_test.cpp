@@ -38,11 +38,11 @@ TEST(Layout, EveryControlAsLaidOut) {
         "双方均未出现此情形，则为和局。结束一局后，可按“开始”继续游戏。    ");
     EXPECT_TRUE(f.Label3.word_wrap && f.Shape1.bounds == f.Label1.bounds &&
                 f.Caption == "三连棋局");
-    EXPECT_TRUE(f.Image2.Stretch && f.Image2.Visible && !f.Image2.picture);
-    EXPECT_EQ(f.Image2.bounds, (form::Bounds{6000, 120, 1575, 855}));
+    EXPECT_TRUE(f.Image2.Stretch && f.Image2.Visible && !f.Image2.picture &&
+                f.Image2.bounds == (form::Bounds{6000, 120, 1575, 855}));
     EXPECT_EQ((std::array{f.Timer1.Interval, f.Timer2.Interval, f.Timer3.Interval}),
               (std::array{10, 500, 50}));
-    EXPECT_EQ((std::array{f.Timer1.Enabled, f.Timer2.Enabled}), (std::array{false, false}));
+    EXPECT_TRUE(!f.Timer1.Enabled && !f.Timer2.Enabled && f.Timer3.Enabled);
     for (int i = 0; i < 9; ++i) {
         const auto& c = f.Picture1.at(i);
         const form::Bounds bounds{480 + 1200 * (i % 3), 480 + 1200 * (i / 3), 1095, 1095};
