@@ -78,13 +78,6 @@ public:
     // without keeping its strokes to compare.
     std::uint64_t surface_revision() const { return surface_revision_; }
 
-    // Equal controls show the same; how their surfaces came to be does not count.
-    friend bool operator==(const PictureBox& a, const PictureBox& b) {
-        return a.Tag == b.Tag && a.Visible == b.Visible && a.ScaleWidth == b.ScaleWidth &&
-               a.DrawWidth == b.DrawWidth && a.bounds == b.bounds && a.TabIndex == b.TabIndex &&
-               a.strokes_ == b.strokes_;
-    }
-
 private:
     std::vector<Stroke> strokes_;
     std::uint64_t surface_revision_ = 0;

@@ -22,6 +22,7 @@
 
 #include "assets/banner_frames.h"
 #include "form/layout.h"
+#include "form/qt/prepared_picture.h"
 
 namespace {
 
@@ -36,17 +37,6 @@ QRect banner_rect(int frame_no) {
     const int right = left + frame_no * 22 + 1600;
     const int bottom = top + frame_no * 10 + 700;
     return {pixels(left), pixels(top), pixels(right) - pixels(left), pixels(bottom) - pixels(top)};
-}
-
-QImage to_image(const form::Picture& picture) {
-    QImage image(picture.width(), picture.height(), QImage::Format_RGB32);
-    image.fill(QColor(0xc0, 0xc0, 0xc0));
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (picture.is_ink(x, y)) image.setPixel(x, y, qRgb(0, 0, 0));
-        }
-    }
-    return image;
 }
 
 // The frames in showing order: one cycle of 185 ticks.
@@ -83,8 +73,8 @@ int main(int argc, char** argv) {
             const QSize size = banner_rect(f).size();
             const QSize device(static_cast<int>(std::lround(size.width() * dpr)),
                                static_cast<int>(std::lround(size.height() * dpr)));
-            QPixmap pixmap =
-                QPixmap::fromImage(to_image(*pictures[static_cast<std::size_t>(f)]).scaled(device));
+            QPixmap pixmap = QPixmap::fromImage(
+                form::qt::to_image(*pictures[static_cast<std::size_t>(f)]).scaled(device));
             pixmap.setDevicePixelRatio(dpr);
             frames.push_back(pixmap);
         }
