@@ -18,7 +18,10 @@ python=/usr/bin/python3
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# Every text constant ("kName = "..." "...";") of the headers that hold the window's texts.
+# Every text constant ("kName = "..." "...";") of the headers that hold the window's texts, and
+# the letters that fontconfig counts as English. A face without them is not "Latin" to Qt, which
+# then loads it twice, once for the Chinese and once for the punctuation and metrics, and the
+# second load costs a fontconfig match on the way to the first frame.
 "$python" - "${texts[@]}" >"$work/text.txt" <<'PY'
 import re, sys
 chars = set()
@@ -26,6 +29,8 @@ for path in sys.argv[1:]:
     source = open(path, encoding="utf-8").read()
     for literals in re.findall(r'\bk\w+\s*=\s*((?:"(?:[^"\\]|\\.)*"\s*)+);', source):
         chars.update("".join(re.findall(r'"((?:[^"\\]|\\.)*)"', literals)))
+chars.update(map(chr, range(0x20, 0x7F)))
+chars.update("ÀÇÈÉÊËÏÑÔÖàçèéêëïñôö")
 sys.stdout.write("".join(sorted(chars)))
 PY
 
