@@ -25,14 +25,13 @@ int main(int argc, char* argv[]) {
     window.sync();
     if (form.unloaded()) return 0;
     window.show();
-    // Decoding the icon's pictures costs a tenth of the start-up; window managers take an icon
-    // whenever it is set, so it follows the first frame.
+    // The first frame need not wait for an icon to be decoded: window managers take one
+    // whenever it is set. Docks and switchers show the desktop entry's icon, which the package
+    // installs scalable; this one is for those that read only the window's, and a 256-pixel
+    // picture would hold a quarter of a megabyte for them.
     form::qt::after_first_frame(window, [] {
-        QIcon icon;
-        for (const int size : {48, 256}) {
-            icon.addFile(QStringLiteral(":/icons/%1x%1/io.github.sanlian.Sanlian.png").arg(size));
-        }
-        QApplication::setWindowIcon(icon);
+        QApplication::setWindowIcon(
+            QIcon(QStringLiteral(":/icons/48x48/io.github.sanlian.Sanlian.png")));
     });
     return QApplication::exec();
 }
