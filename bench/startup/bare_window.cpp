@@ -5,11 +5,14 @@
 // the game window's title and client size. With --banner: the least a Qt Widgets program can
 // do to show the game's banner. Its 93 frames are prepared once as pixmaps at the device
 // pixel sizes that the ticks give them; every 50 ms a QLabel in the banner's place is handed
-// the next one and resized to it, in the game's order 0, 1, ... 92, 91, ... 0.
+// the next one and resized to it, in the game's order 0, 1, ... 92, 91, ... 0. With --texts:
+// the least Qt needs to show the window's texts, the rules and the two buttons' captions in
+// the compiled-in faces, as plain widgets at their places.
 #include <QApplication>
 #include <QImage>
 #include <QLabel>
 #include <QPixmap>
+#include <QPushButton>
 #include <QString>
 #include <QTimer>
 #include <QWidget>
@@ -18,10 +21,13 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "assets/banner_frames.h"
 #include "form/layout.h"
+#include "form/qt/fonts.h"
+#include "form/qt/geometry.h"
 #include "form/qt/prepared_picture.h"
 
 namespace {
@@ -39,6 +45,21 @@ QRect banner_rect(int frame_no) {
     return {pixels(left), pixels(top), pixels(right) - pixels(left), pixels(bottom) - pixels(top)};
 }
 
+void add_texts(QWidget& window) {
+    const form::qt::FontBook fonts;
+    auto* rules = new QLabel(QString::fromUtf8(layout::kRulesCaption), &window);
+    rules->setFont(fonts.font_for(layout::kRulesFont));
+    rules->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    rules->setWordWrap(true);
+    rules->setGeometry(form::qt::pixel_rect(layout::kLabel3));
+    for (const auto& [caption, bounds] : {std::pair{layout::kStartCaption, layout::kCommand1},
+                                          std::pair{layout::kExitCaption, layout::kCommand2}}) {
+        auto* button = new QPushButton(QString::fromUtf8(caption), &window);
+        button->setFont(fonts.font_for(layout::kButtonFont));
+        button->setGeometry(form::qt::pixel_rect(bounds));
+    }
+}
+
 // The frames in showing order: one cycle of 185 ticks.
 std::vector<int> cycle() {
     std::vector<int> order;
@@ -52,8 +73,9 @@ std::vector<int> cycle() {
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     const bool banner = argc == 2 && std::strcmp(argv[1], "--banner") == 0;
-    if (argc > 1 && !banner) {
-        std::fprintf(stderr, "usage: %s [--banner]\n", argv[0]);
+    const bool texts = argc == 2 && std::strcmp(argv[1], "--texts") == 0;
+    if (argc > 1 && !banner && !texts) {
+        std::fprintf(stderr, "usage: %s [--banner | --texts]\n", argv[0]);
         return 2;
     }
 
@@ -87,6 +109,7 @@ int main(int argc, char** argv) {
         });
         timer.start(layout::kBannerInterval);
     }
+    if (texts) add_texts(window);
 
     window.show();
     return QApplication::exec();

@@ -5,6 +5,8 @@
 # shared machine cannot move the way it moves timings:
 #   start-up      instructions from exec to the window's first backing-store flush, against
 #                 bare_window (an empty QWidget of the same size)               aim <= 1.15x
+#                 and, for what the texts cost, bare_window --texts (the rules and the two
+#                 buttons' captions in the compiled-in faces, as plain widgets)  no aim
 #   banner tick   instructions per Timer3 tick with the game idle, after one whole banner
 #                 cycle, against bare_window --banner (the 93 frames prepared once as pixmaps
 #                 at the sizes the ticks give them, handed to a QLabel that is resized to
@@ -102,12 +104,14 @@ per_tick() {
 
 # SANLIAN_CALLGRIND_ONLY=start or tick runs one half, for a quick look while working.
 only=${SANLIAN_CALLGRIND_ONLY:-}
-game_start=0 bare_start=0 game_ir=0 game_ticks=1 label_ir=0 label_ticks=1
+game_start=0 bare_start=0 texts_start=0 game_ir=0 game_ticks=1 label_ir=0 label_ticks=1
 if [[ "$only" != tick ]]; then
     echo "start-up: game" >&2
     game_start=$(first_flush game "$game")
     echo "start-up: empty window" >&2
     bare_start=$(first_flush bare "$bare")
+    echo "start-up: the texts alone" >&2
+    texts_start=$(first_flush texts "$bare" --texts)
 fi
 if [[ "$only" != start ]]; then
     echo "banner ticks: game" >&2
@@ -116,7 +120,8 @@ if [[ "$only" != start ]]; then
     read -r label_ir label_ticks < <(per_tick label "$bare" --banner)
 fi
 
-awk -v gs="$game_start" -v bs="$bare_start" -v gi="$game_ir" -v gt="$game_ticks" \
+awk -v gs="$game_start" -v bs="$bare_start" -v ts="$texts_start" \
+    -v gi="$game_ir" -v gt="$game_ticks" \
     -v li="$label_ir" -v lt="$label_ticks" '
 function verdict(ok) { return ok ? "met" : "MISSED" }
 BEGIN {
@@ -124,6 +129,8 @@ BEGIN {
     if (bs > 0)
         printf "%-34s %16.0f %16.0f %7.2fx  aim <= 1.15x  %s\n", "exec to first flush", gs, bs,
             gs / bs, verdict(gs <= 1.15 * bs)
+    if (ts > 0)
+        printf "%-34s %16.0f %16.0f %7.2fx\n", "exec to first flush, texts floor", gs, ts, gs / ts
     if (li > 0)
         printf "%-34s %16.0f %16.0f %7.2fx  aim <= 1.5x   %s\n", "per banner tick", gi / gt,
             li / lt, (gi / gt) / (li / lt), verdict(gi / gt <= 1.5 * li / lt)
