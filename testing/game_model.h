@@ -21,9 +21,8 @@ inline constexpr std::array<std::array<int, 3>, 8> kLines{
 
 // The mark of a completed line, or 0.
 inline int line_owner(const Board& b) {
-    for (const auto& [x, y, z] : kLines) {
+    for (const auto& [x, y, z] : kLines)
         if (b[x] != 0 && b[x] == b[y] && b[x] == b[z]) return b[x];
-    }
     return 0;
 }
 
@@ -69,8 +68,7 @@ struct Game {
     void start(float random) {
         if (unloaded || !command1) return;
         tag.fill("0"), drawn.fill(0), visible.fill(true), label2.clear();
-        timer2 = game_over = command1 = false, timer1 = drew = true;
-        move_no = 1, toss_tick = 0;
+        timer2 = game_over = command1 = false, timer1 = drew = true, move_no = 1, toss_tick = 0;
         toss_limit = 20 + static_cast<int>(static_cast<double>(random) * 10);
         player_turn = toss_limit % 2 == 0;
     }

@@ -23,10 +23,8 @@ int ending(const std::string& caption) {
 // Every game on the model: every human choice, every corner of the answer to a centre
 // opening, clicks after varying numbers of toss ticks; each is played on Form1 in lockstep.
 void walk(lockstep::Pair& pair, Tally& tally, model::Game game, std::vector<Event> path) {
-    for (int ticks = game.move_no % 3; game.timer1 && (ticks-- > 0 || !game.player_turn);) {
-        game.tick1();
-        path.push_back({Kind::Tick1});
-    }
+    for (int ticks = game.move_no % 3; game.timer1 && (ticks-- > 0 || !game.player_turn);)
+        game.tick1(), path.push_back({Kind::Tick1});
     for (int cell = 0; cell < 9 && !game.command1; ++cell) {
         for (const float random : {0.1F, 0.3F, 0.6F, 0.9F}) {
             if (game.tag.at(cell) != "0" || (random > 0.1F && (cell != 4 || game.move_no > 1)))
@@ -40,9 +38,8 @@ void walk(lockstep::Pair& pair, Tally& tally, model::Game game, std::vector<Even
     }
     if (!game.command1 || testing::Test::HasFailure()) return;
     path.push_back({Kind::Tick2});  // a won line hides; the next Start must show it
-    for (const auto& e : path) {
+    for (const auto& e : path)
         if (const auto fault = pair.step(e); !fault.empty()) return ADD_FAILURE() << fault;
-    }
     ++tally[static_cast<std::size_t>(ending(pair.form.Label2.Caption))];
 }
 
@@ -64,24 +61,19 @@ TEST(EveryGame, FormPlaysEveryGameOfEveryTossByTheRules) {
 TEST(RandomEvents, MillionEventsByTheRules) {
     std::mt19937 engine(20240601);
     const auto pick = [&engine](unsigned n) { return static_cast<int>(engine() % n); };
+    std::discrete_distribution<int> kinds{8, 45, 30, 8, 9};  // Start, a click and the ticks
     Tally endings{};
     for (long events = 0; events < 1'000'000 && !HasFailure();) {
         lockstep::Pair pair;
         for (int i = pick(40'000); i >= -20 && !HasFailure(); --i, ++events) {
-            const int roll = pick(100);
-            const Kind kind = i < 0 && i % 10 == 0 ? Kind::Exit
-                              : roll < 45          ? Kind::Click
-                              : roll < 75          ? Kind::Tick1
-                              : roll < 83          ? Kind::Start
-                                                   : (roll < 91 ? Kind::Tick2 : Kind::Tick3);
+            const Kind kind = i < 0 && i % 10 == 0 ? Kind::Exit : Kind(kinds(engine));
             const float edge = static_cast<float>(pick(20) + 1) / 20;
             float random = static_cast<float>(engine() >> 8) * 0x1p-24F;
             if (pick(4) == 0) random = pick(2) && edge < 1 ? edge : std::nextafter(edge, 0.0F);
             const bool open = !pair.form.Command1.Enabled;
             const int cell = pick(10) ? pick(9) : std::array{-1, 9, 100}[pick(3)];
-            if (const auto fault = pair.step({kind, cell, random}); !fault.empty()) {
+            if (const auto fault = pair.step({kind, cell, random}); !fault.empty())
                 ADD_FAILURE() << fault;
-            }
             if (open && pair.form.Command1.Enabled) ++endings[ending(pair.form.Label2.Caption)];
         }
     }

@@ -3,10 +3,11 @@
 
 #pragma once
 
-#include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "game/form1.h"
@@ -15,15 +16,14 @@
 // Form1 and the model of its rules, given the same events and compared after each one.
 namespace lockstep {
 
-// The values that the test plans; counts the seeds, and the draws that it did not plan.
+// The value that the test plans for the next draw; counts the seeds, and the draws that it did
+// not plan.
 struct Planned final : form::RandomSource {
-    std::deque<float> values;
+    std::optional<float> value;
     int seeds = 0, unplanned = 0;
     void randomize() override { ++seeds; }
     float random_next() override {
-        const float value = values.empty() ? static_cast<float>(++unplanned) * 0 : values.front();
-        if (!values.empty()) values.pop_front();
-        return value;
+        return value ? *std::exchange(value, std::nullopt) : (++unplanned, 0.0F);
     }
 };
 
@@ -38,12 +38,11 @@ struct Event {
 // What of the form differs from the model: a cell, or a group of properties and fields.
 inline std::string differs(const game::Form1& f, const model::Game& m, const Planned& random) {
     using std::tuple;
+    using Strokes = std::vector<form::Stroke>;  // the drawing rules on a cell of 1035 twips
+    const Strokes circle{form::CircleStroke{517.5F, 517.5F, 417.5F, 0xFFFFFF}},
+        cross{form::LineStroke{100, 100, 935, 935, 0}, form::LineStroke{100, 935, 935, 100, 0}};
     for (std::size_t i = 0; i < 9; ++i) {
-        std::vector<form::Stroke> drawn;  // the drawing rules on a cell of 1035 twips
-        if (m.drawn[i] == 1)
-            drawn.emplace_back(form::CircleStroke{517.5F, 517.5F, 417.5F, 0xFFFFFF});
-        if (m.drawn[i] == -1) drawn.emplace_back(form::LineStroke{100, 100, 935, 935, 0});
-        if (m.drawn[i] == -1) drawn.emplace_back(form::LineStroke{100, 935, 935, 100, 0});
+        const Strokes drawn = m.drawn[i] == 1 ? circle : m.drawn[i] == -1 ? cross : Strokes{};
         const auto& c = f.Picture1[i];
         if (tuple(c.Tag, c.Visible, c.strokes()) != tuple(m.tag[i], m.visible[i], drawn))
             return "cell " + std::to_string(i);
@@ -62,8 +61,8 @@ inline std::string differs(const game::Form1& f, const model::Game& m, const Pla
               m.frame_no, m.frame_back, form::Bounds{6000, 120, m.banner_width, m.banner_height},
               m.shown_frame < 0 ? nullptr : f.Image1.at(m.shown_frame).picture))
         return "the mark's coordinates, the winning line or the banner";
-    if (tuple(f.unloaded(), f.Command2.Enabled, f.Timer3.Enabled, random.values.empty(),
-              random.unplanned, random.seeds) != tuple(m.unloaded, 1, 1, m.drew, 0, 1))
+    if (tuple(f.unloaded(), f.Command2.Enabled, f.Timer3.Enabled, !random.value, random.unplanned,
+              random.seeds) != tuple(m.unloaded, 1, 1, m.drew, 0, 1))
         return "Exit, or the random draws and randomize";
     return {};
 }
@@ -80,7 +79,7 @@ struct Pair {
 
     // Delivers the event to both; what differs after it, with the event.
     std::string step(const Event& e) {
-        random.values.assign(1, e.random);
+        random.value = e.random;
         model.drew = false;
         if (e.kind == Kind::Start) form.click(form::ButtonId::Command1), model.start(e.random);
         if (e.kind == Kind::Click) form.click_cell(e.cell), model.click(e.cell, e.random);

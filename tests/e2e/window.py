@@ -47,13 +47,9 @@ class Game:
             roles.setdefault(child.getRoleName(), []).append(child)
         self.cells, (self.start, self.exit), (self.label1, self.label2, _) = roles["table cell"], roles["push button"], roles["label"]
 
-    def name(self, accessible):
+    def name(self, accessible, enabled=False):  # the name, or whether enabled; never from the cache
         accessible.clear_cache()
-        return accessible.name
-
-    def enabled(self, accessible):
-        accessible.clear_cache()
-        return accessible.getState().contains(self.sensitive)
+        return accessible.getState().contains(self.sensitive) if enabled else accessible.name
 
     def mouse(self, *actions):  # ("click", x, y), ("double", x, y), ("drag", x, y, x2, y2), ("sleep", s)
         args = []
@@ -84,11 +80,11 @@ def play_each_ending(game):
     assert [game.name(game.start), game.name(game.exit), game.name(game.label2)] == ["开始", "退出", ""]
     for ending in PLAYS["您先"]:
         game.mouse(("click", *START))
-        first = wait(lambda: not game.enabled(game.start) and game.name(game.label1) in PLAYS and game.name(game.label1), "the toss")
+        first = wait(lambda: not game.name(game.start, True) and game.name(game.label1) in PLAYS and game.name(game.label1), "the toss")
         for cell in PLAYS[first][ending]:
             game.mouse(("click", *CELL[cell]))
             wait(lambda: game.name(game.cells[cell]).endswith("圆" if first == "您先" else "叉"), f"a mark in cell {cell}")
-        assert wait(lambda: game.name(game.label2), "a result") == ending and game.enabled(game.start)
+        assert wait(lambda: game.name(game.label2), "a result") == ending and game.name(game.start, True)
 
 
 def soak(program, start=time.time_ns() % 2**32):
@@ -124,17 +120,13 @@ def trace(program, source, build):
             assert not any(path.startswith(os.path.realpath(root) + "/") for root in (source, build)), line
 
 
-def identity(game):  # WM_CLASS names the desktop entry, and _NET_WM_ICON holds its icon
-    from Xlib import display
-    window = display.Display().create_resource_object("window", int(game.window))
+def game(program):
+    play_each_ending(first := Game(program))
+    from Xlib import display  # WM_CLASS names the desktop entry, and _NET_WM_ICON holds its icon
+    window = display.Display().create_resource_object("window", int(first.window))
     assert window.get_wm_class()[1] == "io.github.sanlian.Sanlian", window.get_wm_class()
     icon = window.get_full_property(window.display.get_atom("_NET_WM_ICON"), 0)
     assert icon and icon.value[:2].tolist() == [48, 48], icon  # the first of its sizes
-
-
-def game(program):
-    play_each_ending(first := Game(program))
-    identity(first)
     first.ends("Exit")
     Game(program).ends("close box")
 
