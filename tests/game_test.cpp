@@ -23,8 +23,10 @@ int ending(const std::string& caption) {
 // Every game on the model: every human choice, every corner of the answer to a centre
 // opening, clicks after varying numbers of toss ticks; each is played on Form1 in lockstep.
 void walk(lockstep::Pair& pair, Tally& tally, model::Game game, std::vector<Event> path) {
-    for (int ticks = game.move_no % 3; game.timer1 && (ticks-- > 0 || !game.player_turn);)
-        game.tick1(), path.push_back({Kind::Tick1});
+    for (int ticks = game.move_no % 3; game.timer1 && (ticks-- > 0 || !game.player_turn);) {
+        game.tick1();
+        path.push_back({Kind::Tick1});
+    }
     for (int cell = 0; cell < 9 && !game.command1; ++cell) {
         for (const float random : {0.1F, 0.3F, 0.6F, 0.9F}) {
             if (game.tag.at(cell) != "0" || (random > 0.1F && (cell != 4 || game.move_no > 1)))

@@ -47,9 +47,13 @@ class Game:
             roles.setdefault(child.getRoleName(), []).append(child)
         self.cells, (self.start, self.exit), (self.label1, self.label2, _) = roles["table cell"], roles["push button"], roles["label"]
 
-    def name(self, accessible, enabled=False):  # the name, or whether enabled; never from the cache
+    def name(self, accessible):  # never from the cache
         accessible.clear_cache()
-        return accessible.getState().contains(self.sensitive) if enabled else accessible.name
+        return accessible.name
+
+    def enabled(self, accessible):
+        accessible.clear_cache()
+        return accessible.getState().contains(self.sensitive)
 
     def mouse(self, *actions):  # ("click", x, y), ("double", x, y), ("drag", x, y, x2, y2), ("sleep", s)
         args = []
@@ -80,11 +84,11 @@ def play_each_ending(game):
     assert [game.name(game.start), game.name(game.exit), game.name(game.label2)] == ["开始", "退出", ""]
     for ending in PLAYS["您先"]:
         game.mouse(("click", *START))
-        first = wait(lambda: not game.name(game.start, True) and game.name(game.label1) in PLAYS and game.name(game.label1), "the toss")
+        first = wait(lambda: not game.enabled(game.start) and game.name(game.label1) in PLAYS and game.name(game.label1), "the toss")
         for cell in PLAYS[first][ending]:
             game.mouse(("click", *CELL[cell]))
             wait(lambda: game.name(game.cells[cell]).endswith("圆" if first == "您先" else "叉"), f"a mark in cell {cell}")
-        assert wait(lambda: game.name(game.label2), "a result") == ending and game.name(game.start, True)
+        assert wait(lambda: game.name(game.label2), "a result") == ending and game.enabled(game.start)
 
 
 def soak(program, start=time.time_ns() % 2**32):

@@ -118,7 +118,8 @@ private slots:
     void marksAndPicturesAtTheirPixels() {
         Shown s;
         form::MarkPen pen;
-        pen.draw_circle(s.Picture1[0]), pen.draw_cross(s.Picture1[1]);
+        pen.draw_circle(s.Picture1[0]);
+        pen.draw_cross(s.Picture1[1]);
         s.Picture1[2].Visible = false;
         s.Shape1.BorderColor = 0xFF0000;
         auto frame = std::make_shared<form::Picture>(4, 2, 0xC0C0C0, 0);
@@ -154,8 +155,10 @@ private slots:
             QApplication::setPalette(desktop);
             Shown s;
             // The toss's red caption and a draw's blue one, colours written 0xBBGGRR.
-            s.Label1.Caption = "计算机先", s.Label1.ForeColor = 0x0000FF;
-            s.Label2.Caption = "和局！", s.Label2.ForeColor = 0xFF0000;
+            s.Label1.Caption = "计算机先";
+            s.Label1.ForeColor = 0x0000FF;
+            s.Label2.Caption = "和局！";
+            s.Label2.ForeColor = 0xFF0000;
             s.window.sync();
             for (const char* name : {"Command1", "Command2", "Label1", "Label2", "Label3"})
                 QVERIFY2(caption_contrast(s.window, name) >= 4.5, name);
