@@ -19,6 +19,7 @@ make_banner_frames() {
 
     std::array<std::shared_ptr<const form::Picture>, form::layout::kBannerFrameCount> frames;
     form::Picture page(banner::kWidth, banner::kHeight, form::kSilver, form::kBlack);
+    page.set_finer_ink(banner::finer_ink());
     std::size_t written = 0;
     for (std::size_t frame = 0; frame < frames.size(); ++frame) {
         for (; written < counts[frame]; ++written) {

@@ -4,9 +4,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "form/colour.h"
+#include "form/finer_ink.h"
 
 namespace form {
 
@@ -29,7 +31,12 @@ public:
 
     const std::vector<std::uint8_t>& bits() const { return bits_; }
 
-    friend bool operator==(const Picture&, const Picture&) = default;
+    // The same ink drawn finer, for the pictures that have such a drawing; null otherwise.
+    const FinerInk* finer_ink() const { return finer_ink_ ? &*finer_ink_ : nullptr; }
+    void set_finer_ink(const FinerInk& finer) { finer_ink_ = finer; }
+    // The picture stretched to width x height, its ink drawn from the finer ink: each new
+    // pixel shows the fine pixel under its centre. Needs finer_ink(); 0 < width, height.
+    Picture drawn_finer(int width, int height) const;
 
 private:
     int width_;
@@ -37,6 +44,7 @@ private:
     Colour ground_;
     Colour ink_;
     std::vector<std::uint8_t> bits_;
+    std::optional<FinerInk> finer_ink_;
 };
 
 }  // namespace form

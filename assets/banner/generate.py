@@ -5,7 +5,9 @@
 
 The banner is a flip-book of 93 cumulative frames. This script decides which pixels are ink
 and in which order the pen lays them down, then writes assets/banner/banner_data.cpp; the
-program builds its frames from that file, so nothing is read at run time.
+program builds its frames from that file, so nothing is read at run time. For screens with
+more pixels than a frame has, it also writes the same lettering FINE times finer each way, as
+runs of fine ink, each owned by the frame pixel with which it is written.
 
     /usr/bin/python3 assets/banner/generate.py   # needs python3-pil, python3-numpy, fonts-lxgw-wenkai
 
@@ -28,6 +30,7 @@ BOX_LEFT, BOX_RIGHT, BOX_TOP, BOX_BOTTOM = 14, 216, 33, 84
 MIN_STEP, MAX_STEP = 6, 58
 
 SUPERSAMPLE = 8
+FINE = 4  # fine pixels per frame pixel, each way; SUPERSAMPLE is a multiple of 2 * FINE
 FONT_PIXELS = 50
 BOLDEN = 0  # outline width in supersampled pixels; the Bold is full enough without one
 PEN_RHYTHM = 1931  # starts the generator of the pen's wavering speed
@@ -36,27 +39,31 @@ OUTPUT = pathlib.Path(__file__).with_name("banner_data.cpp")
 
 
 def coverage_per_character():
-    """For each character, the fraction of every pixel its glyph covers."""
+    """For each character, the fraction of every pixel its glyph covers; and the lettering
+    drawn SUPERSAMPLE times finer, each sample's coverage."""
     font = ImageFont.truetype(FONT, FONT_PIXELS * SUPERSAMPLE, index=0)
     pitch = (BOX_RIGHT + 1 - BOX_LEFT) / len(TEXT)
     middle_row = (BOX_TOP + BOX_BOTTOM + 1) / 2
     layers = []
+    samples = np.zeros((HEIGHT * SUPERSAMPLE, WIDTH * SUPERSAMPLE))
     for i, char in enumerate(TEXT):
         image = Image.new("L", (WIDTH * SUPERSAMPLE, HEIGHT * SUPERSAMPLE), 0)
         centre = ((BOX_LEFT + pitch * (i + 0.5)) * SUPERSAMPLE, middle_row * SUPERSAMPLE)
         ImageDraw.Draw(image).text(centre, char, font=font, fill=255, anchor="mm",
                                    stroke_width=BOLDEN, stroke_fill=255)
         big = np.asarray(image, dtype=np.float64) / 255.0
+        samples += big
         small = big.reshape(HEIGHT, SUPERSAMPLE, WIDTH, SUPERSAMPLE).mean(axis=(1, 3))
         clipped = np.zeros_like(small)
         clipped[BOX_TOP:BOX_BOTTOM + 1, BOX_LEFT:BOX_RIGHT + 1] = \
             small[BOX_TOP:BOX_BOTTOM + 1, BOX_LEFT:BOX_RIGHT + 1]
         layers.append(clipped)
-    return layers
+    return layers, samples
 
 
 def ink_per_character(layers):
-    """The INK_PIXELS best covered pixels, each given to the character covering it most.
+    """The INK_PIXELS best covered pixels, each given to the character covering it most, and
+    the coverage of the least covered of them.
 
     Taking a fixed number of pixels instead of a fixed threshold hits the count exactly; ties
     fall to the upper, then the left pixel."""
@@ -69,7 +76,52 @@ def ink_per_character(layers):
     per_char = [set() for _ in TEXT]
     for y, x in chosen:
         per_char[owner[y, x]].add((y, x))
-    return per_char
+    return per_char, total[chosen[-1]]
+
+
+def fine_ink(samples, ink, threshold):
+    """The lettering FINE times finer: the fine pixels whose frame-pixel-sized square, centred
+    on them, is covered at least as well as the least covered ink pixel of the frames. It is
+    the frames' own rule sampled more densely, so it keeps their weight and place."""
+    step, half = SUPERSAMPLE // FINE, SUPERSAMPLE // 2
+    sums = np.pad(np.pad(samples, half).cumsum(0).cumsum(1), ((1, 0), (1, 0)))
+    rows = np.arange(HEIGHT * FINE) * step + step // 2
+    cols = np.arange(WIDTH * FINE) * step + step // 2
+    covered = (sums[np.ix_(rows + SUPERSAMPLE, cols + SUPERSAMPLE)] - sums[np.ix_(rows, cols + SUPERSAMPLE)]
+               - sums[np.ix_(rows + SUPERSAMPLE, cols)] + sums[np.ix_(rows, cols)]) / SUPERSAMPLE ** 2
+    fine_y, fine_x = np.mgrid[0:HEIGHT * FINE, 0:WIDTH * FINE]
+    inside = ((fine_x // FINE >= BOX_LEFT) & (fine_x // FINE <= BOX_RIGHT)
+              & (fine_y // FINE >= BOX_TOP) & (fine_y // FINE <= BOX_BOTTOM))
+    return (covered >= threshold) & inside
+
+
+def owner_offset(ink, y, x):
+    """The frame pixel that writes fine pixel (y, x), as an offset from the frame pixel under
+    it: that pixel if it is ink, else the nearest ink pixel; ties fall to the upper, then the
+    left one."""
+    cell_y, cell_x = y // FINE, x // FINE
+    if (cell_y, cell_x) in ink:
+        return 0, 0
+    centre_y, centre_x = (y + 0.5) / FINE, (x + 0.5) / FINE
+    near = min(((cy + 0.5 - centre_y) ** 2 + (cx + 0.5 - centre_x) ** 2, cy, cx)
+               for cy in range(cell_y - 2, cell_y + 3) for cx in range(cell_x - 2, cell_x + 3)
+               if (cy, cx) in ink)
+    return near[1] - cell_y, near[2] - cell_x
+
+
+def fine_runs(fine, ink):
+    """Per fine row, the runs of fine ink whose pixels share an owner offset: (begin, end, dx, dy)."""
+    rows = []
+    for y in range(fine.shape[0]):
+        runs = []
+        for x in np.flatnonzero(fine[y]):
+            dy, dx = owner_offset(ink, y, x)
+            if runs and runs[-1][1] == x and tuple(runs[-1][2:]) == (dx, dy):
+                runs[-1][1] += 1
+            else:
+                runs.append([x, x + 1, dx, dy])
+        rows.append(runs)
+    return rows
 
 
 def neighbours(y, x):
@@ -132,11 +184,15 @@ def frame_steps():
     return steps
 
 
-def write_source(order, steps):
+def write_source(order, steps, runs_per_row):
     packed = [y * 256 + x for y, x in order]
     counts = [0]
     for step in steps:
         counts.append(counts[-1] + step)
+    row_starts = [0]
+    for runs in runs_per_row:
+        row_starts.append(row_starts[-1] + len(runs))
+    runs = ["{" + ", ".join(map(str, run)) + "}" for row in runs_per_row for run in row]
 
     def rows(values, per_row):
         return "\n".join("    " + ", ".join(str(v) for v in values[i:i + per_row]) + ","
@@ -162,6 +218,14 @@ constexpr std::array<std::uint16_t, kInkPixels> kPenOrder{{
 constexpr std::array<std::uint16_t, kFrameCount> kInkCounts{{
 {rows(counts, 14)}
 }};
+
+constexpr std::array<std::uint16_t, kHeight * kFineScale + 1> kFineRowStarts{{
+{rows(row_starts, 14)}
+}};
+
+constexpr std::array<form::FinerInk::Run, {len(runs)}> kFineRuns{{{{
+{rows(runs, 6)}
+}}}};
 // clang-format on
 
 }}  // namespace
@@ -170,17 +234,22 @@ std::span<const std::uint16_t, kInkPixels> pen_order() {{ return kPenOrder; }}
 
 std::span<const std::uint16_t, kFrameCount> ink_counts() {{ return kInkCounts; }}
 
+form::FinerInk finer_ink() {{ return {{kFineScale, kFineRowStarts, kFineRuns}}; }}
+
 }}  // namespace assets::banner
 """, encoding="utf-8")
 
 
 def main():
-    per_char = ink_per_character(coverage_per_character())
+    layers, samples = coverage_per_character()
+    per_char, threshold = ink_per_character(layers)
     order = pen_order(per_char)
     assert len(order) == len(set(order)) == INK_PIXELS
+    runs = fine_runs(fine_ink(samples, set(order), threshold), set(order))
     steps = frame_steps()
-    write_source(order, steps)
-    print(f"{OUTPUT}: {INK_PIXELS} pixels, steps {min(steps)} to {max(steps)}")
+    write_source(order, steps, runs)
+    print(f"{OUTPUT}: {INK_PIXELS} pixels, steps {min(steps)} to {max(steps)}; "
+          f"{sum(map(len, runs))} runs of fine ink")
 
 
 if __name__ == "__main__":

@@ -29,10 +29,16 @@ PreparedPicture prepare(const Picture& picture, QSize device_size, qreal device_
     PreparedPicture prepared{device_size, to_qcolor(picture.ground()), {}, {}};
     if (device_size.isEmpty()) return prepared;
 
+    // On a screen with more pixels than the layout's, a picture with a finer drawing of its ink
+    // is drawn from that at the screen's own pixels; elsewhere its pixels are stretched.
+    const bool finer = device_pixel_ratio > 1 && picture.finer_ink() != nullptr;
     QImage whole(device_size, QImage::Format_RGB32);
     {
         QPainter painter(&whole);
-        painter.drawImage(QRect(QPoint(), device_size), to_image(picture));
+        painter.drawImage(QRect(QPoint(), device_size),
+                          to_image(finer ? picture.drawn_finer(device_size.width(),
+                                                               device_size.height())
+                                         : picture));
     }
     const QRgb ground = prepared.ground.rgb();
     QRect box;
