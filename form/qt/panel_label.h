@@ -8,8 +8,8 @@
 namespace form::qt {
 
 // A label on a ground of its own, a rounded rectangle that fills the widget as Shape1's
-// outline frames it: the toss's red caption reads at 5.25:1 on black, where it would read at
-// only 2.2:1 on the silver form. The ground is the palette's Window colour.
+// outline frames it, so a caption can have a ground other than the form's. The ground is the
+// palette's Window colour.
 class PanelLabel : public QLabel {
 public:
     explicit PanelLabel(QWidget* parent);
