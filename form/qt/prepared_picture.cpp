@@ -35,10 +35,10 @@ PreparedPicture prepare(const Picture& picture, QSize device_size, qreal device_
     QImage whole(device_size, QImage::Format_RGB32);
     {
         QPainter painter(&whole);
-        painter.drawImage(QRect(QPoint(), device_size),
-                          to_image(finer ? picture.drawn_finer(device_size.width(),
-                                                               device_size.height())
-                                         : picture));
+        painter.drawImage(
+            QRect(QPoint(), device_size),
+            to_image(finer ? picture.drawn_finer(device_size.width(), device_size.height())
+                           : picture));
     }
     const QRgb ground = prepared.ground.rgb();
     QRect box;
