@@ -3,14 +3,14 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # The built game in a real window, on an Xvfb and a D-Bus session with the accessibility bus of
 # its own: clicks by xdotool, controls read and pressed over AT-SPI, window properties by
-# python3-xlib.
+# python3-xlib. Reports itself skipped (status 77) when a tool it needs is missing.
 #   window.py GAME game               win by mouse, then lose and draw by the controls' press action
 #                                     alone; end with Exit, then the close box
 #   window.py GAME trace SRC BUILD    the same games under strace: no file written, and nothing
 #                                     opened in the source or build tree
 #   window.py GAME soak [START]       20 launches of 200-300 random mouse events ending in Exit or
 #                                     the close box, and one of 5,000 whose VmRSS stays within 1 MB
-import os, random, re, shutil, subprocess, sys, tempfile, time
+import importlib.util, os, random, re, shutil, subprocess, sys, tempfile, time
 
 SCALE = float(os.environ.get("SANLIAN_TIMEOUT_SCALE", "1"))
 START, EXIT, CELL = (344, 44), (344, 124), [(68 + 80 * (i % 3), 68 + 80 * (i // 3)) for i in range(9)]
@@ -147,6 +147,10 @@ if __name__ == "__main__":
     if os.environ.get("SANLIAN_SESSION"):  # inside: the accessibility bus starts on demand, so ask for it first
         subprocess.run(["dbus-send", "--session", "--dest=org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress"], check=True)
         sys.exit({"game": game, "soak": soak, "trace": trace}[sys.argv[2]](sys.argv[1], *sys.argv[3:]))
+    needs = ["xvfb-run", "dbus-run-session", "xdotool", "fc-cache"] + ["strace"] * (sys.argv[2] == "trace")
+    if missing := [t for t in needs if not shutil.which(t)] + [m for m in ("pyatspi", "Xlib") if not importlib.util.find_spec(m)]:
+        print("skipped: missing", *missing)
+        sys.exit(77)
     with tempfile.TemporaryDirectory(prefix="sanlian-") as home:
         # Fontconfig writes its cache to the first directory it may; a scratch one filled before
         # the game starts keeps that bookkeeping out of the trace.
