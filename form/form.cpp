@@ -75,6 +75,10 @@ void Form::click_cell(int index) {
     Picture1_Click(index);
 }
 
+bool Form::cell_playable(int index) const {
+    return accepts_events() && index >= 0 && index < layout::kCellCount && playable(index);
+}
+
 void Form::click(ButtonId button) {
     if (!accepts_events()) return;
     switch (button) {

@@ -55,6 +55,10 @@ public:
     // A disabled timer delivers no tick.
     void tick(TimerId timer);
 
+    // Whether a click on Picture1(index) would play that cell now, so that a backend can tell
+    // which cells are open to play. False before load, after Unload and outside 0 to 8.
+    bool cell_playable(int index) const;
+
     // After Unload the form is gone: nothing more is delivered and the program should end.
     bool unloaded() const { return unloaded_; }
     const Timer& timer(TimerId id) const;
@@ -63,6 +67,10 @@ protected:
     void Unload() { unloaded_ = true; }
     void randomize() { random_->randomize(); }
     float random_next() { return random_->random_next(); }
+
+    // The subclass's answer for cell_playable, asked of a loaded form for a cell 0 to 8: whether
+    // Picture1_Click(index) would play it. By default every click counts.
+    virtual bool playable(int /*index*/) const { return true; }
 
     virtual void Form_Load() = 0;
     virtual void Command1_Click() = 0;

@@ -61,6 +61,8 @@ public:
     int mark_at(int cell) const;
 
 private:
+    // The human's turn and an empty cell.
+    bool playable(int index) const override;
     void Form_Load() override;
     void Command1_Click() override;
     void Command2_Click() override;

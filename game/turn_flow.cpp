@@ -6,9 +6,13 @@
 
 namespace game {
 
-void Form1::Picture1_Click(int index) {
+bool Form1::playable(int index) const {
     // player_turn first: before the first Start every Tag is blank, which also reads as empty.
-    if (!player_turn || mark_at(index) != 0) return;
+    return player_turn && mark_at(index) == 0;
+}
+
+void Form1::Picture1_Click(int index) {
+    if (!playable(index)) return;
     player_turn = false;
     draw_ox(index);
     // move_no has moved on already: 10 means the human has just filled the board.

@@ -61,11 +61,37 @@ void draw_strokes(QPainter& painter, const QRect& inner, const PictureBox& cell)
     painter.restore();
 }
 
-// Assistive tools see a cell of the board rather than a bare panel. Qt's accessibility
-// cache owns what a factory returns.
+// A cell of the board rather than a bare panel. Its press goes where the mouse's click goes,
+// through clicked(); a hidden cell takes no press, as it takes no click.
+class CellAccessible : public QAccessibleWidget {
+public:
+    explicit CellAccessible(CellWidget* cell) : QAccessibleWidget(cell, QAccessible::Cell) {}
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        if (!cell().playable()) state.disabled = true;
+        return state;
+    }
+    // Press first, whether or not the cell can be played now, so that it keeps its index.
+    QStringList actionNames() const override {
+        return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override {
+        if (name != pressAction()) {
+            QAccessibleWidget::doAction(name);
+        } else if (cell().isVisible()) {
+            emit cell().clicked();
+        }
+    }
+
+private:
+    CellWidget& cell() const { return *static_cast<CellWidget*>(widget()); }
+};
+
+// Qt's accessibility cache owns what a factory returns.
 QAccessibleInterface* cell_accessible(const QString&, QObject* object) {
     auto* cell = qobject_cast<CellWidget*>(object);
-    return cell != nullptr ? new QAccessibleWidget(cell, QAccessible::Cell) : nullptr;
+    return cell != nullptr ? new CellAccessible(cell) : nullptr;
 }
 
 // Where the keyboard focus is, as a dotted rectangle just inside the border: black dashes
@@ -87,6 +113,15 @@ CellWidget::CellWidget(const PictureBox& cell, QWidget* parent) : QWidget(parent
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     QAccessible::installFactory(cell_accessible);  // once: a second install is ignored
+}
+
+void CellWidget::set_playable(bool playable) {
+    if (playable == playable_) return;
+    playable_ = playable;
+    QAccessible::State changed;
+    changed.disabled = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 // Border, ground, the strokes, then the focus mark over them.

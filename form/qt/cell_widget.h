@@ -13,12 +13,19 @@ namespace form::qt {
 // form's cell, read from the form at every paint. The strokes are vectors in twips of the
 // inner area, drawn through the painter's transform, so they stay sharp at any device pixel
 // ratio. The window calls update() when the cell's surface changes.
+//
+// Assistive tools see a cell of the board with the press action of a button, which is a
+// click; the cell reads as enabled only while a click would play it.
 class CellWidget : public QWidget {
     Q_OBJECT
 
 public:
     // cell must outlive the widget.
     CellWidget(const PictureBox& cell, QWidget* parent);
+
+    bool playable() const { return playable_; }
+    // Whether a click would play the cell now; a change is announced to assistive tools.
+    void set_playable(bool playable);
 
 signals:
     // A press and release of the left button, both inside the cell.
@@ -33,6 +40,7 @@ protected:
 private:
     const PictureBox& cell_;
     bool pressed_ = false;
+    bool playable_ = false;
 };
 
 }  // namespace form::qt

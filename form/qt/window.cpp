@@ -173,6 +173,7 @@ void Window::sync() {
             set_accessible_name(widget, text(speech::cell_name(static_cast<int>(i), cell)));
         }
         if (first || now.visible != last.visible) widget.setVisible(now.visible);
+        widget.set_playable(form_.cell_playable(static_cast<int>(i)));
         last = now;
     }
     if (changed(shown.command1, form_.Command1)) show_button(*command1_, form_.Command1);

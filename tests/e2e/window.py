@@ -2,13 +2,15 @@
 # SPDX-FileCopyrightText: 2026 Sanlian developers
 # SPDX-License-Identifier: GPL-3.0-or-later
 # The built game in a real window, on an Xvfb and a D-Bus session with the accessibility bus of
-# its own: clicks by xdotool, controls read over AT-SPI, window properties by python3-xlib.
-#   window.py GAME game               win, lose and draw on purpose; end with Exit, then the close box
+# its own: clicks by xdotool, controls read and pressed over AT-SPI, window properties by
+# python3-xlib. Reports itself skipped (status 77) when a tool it needs is missing.
+#   window.py GAME game               win by mouse, then lose and draw by the controls' press action
+#                                     alone; end with Exit, then the close box
 #   window.py GAME trace SRC BUILD    the same games under strace: no file written, and nothing
 #                                     opened in the source or build tree
 #   window.py GAME soak [START]       20 launches of 200-300 random mouse events ending in Exit or
 #                                     the close box, and one of 5,000 whose VmRSS stays within 1 MB
-import os, random, re, shutil, subprocess, sys, tempfile, time
+import importlib.util, os, random, re, shutil, subprocess, sys, tempfile, time
 
 SCALE = float(os.environ.get("SANLIAN_TIMEOUT_SCALE", "1"))
 START, EXIT, CELL = (344, 44), (344, 124), [(68 + 80 * (i % 3), 68 + 80 * (i // 3)) for i in range(9)]
@@ -55,6 +57,10 @@ class Game:
         accessible.clear_cache()
         return accessible.getState().contains(self.sensitive)
 
+    def press(self, accessible):  # its action named "Press", as a screen reader offers it
+        action = accessible.queryAction()
+        action.doAction([action.getName(i) for i in range(action.nActions)].index("Press"))
+
     def mouse(self, *actions):  # ("click", x, y), ("double", x, y), ("drag", x, y, x2, y2), ("sleep", s)
         args = []
         for kind, *a in actions:  # on screen; "click" with --window waits about 0.1 s each
@@ -78,17 +84,19 @@ class Game:
         assert self.process.wait(timeout=10 * SCALE) == 0, f"{how}: status {self.process.returncode}"
 
 
-def play_each_ending(game):
+def play_each_ending(game):  # a cell reads as enabled only while a click would play it
     game.attach()
     assert [game.name(c) for c in game.cells] == [f"第{r}行第{c}列，空" for r in (1, 2, 3) for c in (1, 2, 3)]
     assert [game.name(game.start), game.name(game.exit), game.name(game.label2)] == ["开始", "退出", ""]
-    for ending in PLAYS["您先"]:
-        game.mouse(("click", *START))
+    for n, ending in enumerate(PLAYS["您先"]):
+        press = (lambda control, at: game.mouse(("click", *at))) if n == 0 else (lambda control, at: game.press(control))
+        press(game.start, START)
         first = wait(lambda: not game.enabled(game.start) and game.name(game.label1) in PLAYS and game.name(game.label1), "the toss")
         for cell in PLAYS[first][ending]:
-            game.mouse(("click", *CELL[cell]))
+            wait(lambda: game.enabled(game.cells[cell]), f"cell {cell} to open")
+            press(game.cells[cell], CELL[cell])
             wait(lambda: game.name(game.cells[cell]).endswith("圆" if first == "您先" else "叉"), f"a mark in cell {cell}")
-        assert wait(lambda: game.name(game.label2), "a result") == ending and game.enabled(game.start)
+        assert wait(lambda: game.name(game.label2), "a result") == ending and game.enabled(game.start) and not any(map(game.enabled, game.cells))
 
 
 def soak(program, start=time.time_ns() % 2**32):
@@ -139,6 +147,10 @@ if __name__ == "__main__":
     if os.environ.get("SANLIAN_SESSION"):  # inside: the accessibility bus starts on demand, so ask for it first
         subprocess.run(["dbus-send", "--session", "--dest=org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress"], check=True)
         sys.exit({"game": game, "soak": soak, "trace": trace}[sys.argv[2]](sys.argv[1], *sys.argv[3:]))
+    needs = ["xvfb-run", "dbus-run-session", "xdotool", "fc-cache"] + ["strace"] * (sys.argv[2] == "trace")
+    if missing := [t for t in needs if not shutil.which(t)] + [m for m in ("pyatspi", "Xlib") if not importlib.util.find_spec(m)]:
+        print("skipped: missing", *missing)
+        sys.exit(77)
     with tempfile.TemporaryDirectory(prefix="sanlian-") as home:
         # Fontconfig writes its cache to the first directory it may; a scratch one filled before
         # the game starts keeps that bookkeeping out of the trace.
