@@ -12,10 +12,7 @@ CASES = [(["--help"], 0, r"Usage: \S*sanlian \[options\]\n(.*\n)*  -h, --help .*
          (["--bogus"], 1, "", r"sanlian: .*'bogus'.*\n"),
          (["stray"], 1, "", r"sanlian: .*'stray'.*\n"),
          ([], 1, "", r"sanlian: .*display.*\n")]
-failures = 0
 for args, status, out, err in CASES:
     run = subprocess.run([sys.argv[1], *args], env=env, capture_output=True, text=True, timeout=30)
-    if run.returncode != status or not re.fullmatch(out, run.stdout) or not re.fullmatch(err, run.stderr):
-        print(f"FAIL: sanlian {' '.join(args)}: status {run.returncode}\n{run.stdout}{run.stderr}")
-        failures += 1
-sys.exit(failures > 0)
+    assert (run.returncode, bool(re.fullmatch(out, run.stdout)), bool(re.fullmatch(err, run.stderr))) == (status, True, True), \
+        f"sanlian {' '.join(args)}: status {run.returncode}\n{run.stdout}{run.stderr}"
