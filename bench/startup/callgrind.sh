@@ -11,6 +11,8 @@
 #                 cycle, against bare_window --banner (the 93 frames prepared once as pixmaps
 #                 at the sizes the ticks give them, handed to a QLabel that is resized to
 #                 each)                                                         aim <= 1.5x
+#                 and the same at QT_SCALE_FACTOR=2, where both draw at device pixels twice
+#                 as fine                                                       aim <= 1.5x
 # Both programs run under one Xvfb, without a session bus, so no accessibility bus either.
 #
 # Usage: bench/startup/callgrind.sh [BUILD_DIR]   (default build; about 3 minutes)
@@ -18,7 +20,7 @@
 set -euo pipefail
 
 if [[ -z "${SANLIAN_CALLGRIND_XVFB:-}" ]]; then
-    SANLIAN_CALLGRIND_XVFB=1 exec xvfb-run -a -s "-screen 0 1280x1024x24 -nolisten tcp" "$0" "$@"
+    SANLIAN_CALLGRIND_XVFB=1 exec xvfb-run -a -s "-screen 0 2048x1536x24 -nolisten tcp" "$0" "$@"
 fi
 
 build_dir=$(realpath "${1:-build}")
@@ -80,11 +82,11 @@ first_flush() {
     instructions "$work/$name.start.1"
 }
 
-# Instructions per QTimer tick over measure_s, counted after warm_s.
+# Instructions per QTimer tick over measure_s, counted after warm_s, at a scale factor.
 per_tick() {
-    local name=$1
-    shift
-    valgrind --tool=callgrind --instr-atstart=no --callgrind-out-file="$work/$name.tick" \
+    local name=$1 scale=$2
+    shift 2
+    QT_SCALE_FACTOR=$scale valgrind --tool=callgrind --instr-atstart=no --callgrind-out-file="$work/$name.tick" \
         "$@" 2>"$work/$name.log" &
     local pid=$!
     sleep "$warm_s"
@@ -104,7 +106,8 @@ per_tick() {
 
 # SANLIAN_CALLGRIND_ONLY=start or tick runs one half, for a quick look while working.
 only=${SANLIAN_CALLGRIND_ONLY:-}
-game_start=0 bare_start=0 texts_start=0 game_ir=0 game_ticks=1 label_ir=0 label_ticks=1
+game_start=0 bare_start=0 texts_start=0
+game_ir=0 game_ticks=1 label_ir=0 label_ticks=1 game2_ir=0 game2_ticks=1 label2_ir=0 label2_ticks=1
 if [[ "$only" != tick ]]; then
     echo "start-up: game" >&2
     game_start=$(first_flush game "$game")
@@ -115,14 +118,19 @@ if [[ "$only" != tick ]]; then
 fi
 if [[ "$only" != start ]]; then
     echo "banner ticks: game" >&2
-    read -r game_ir game_ticks < <(per_tick game "$game")
+    read -r game_ir game_ticks < <(per_tick game 1 "$game")
     echo "banner ticks: label" >&2
-    read -r label_ir label_ticks < <(per_tick label "$bare" --banner)
+    read -r label_ir label_ticks < <(per_tick label 1 "$bare" --banner)
+    echo "banner ticks at scale 2: game" >&2
+    read -r game2_ir game2_ticks < <(per_tick game2 2 "$game")
+    echo "banner ticks at scale 2: label" >&2
+    read -r label2_ir label2_ticks < <(per_tick label2 2 "$bare" --banner)
 fi
 
 awk -v gs="$game_start" -v bs="$bare_start" -v ts="$texts_start" \
     -v gi="$game_ir" -v gt="$game_ticks" \
-    -v li="$label_ir" -v lt="$label_ticks" '
+    -v li="$label_ir" -v lt="$label_ticks" -v g2i="$game2_ir" -v g2t="$game2_ticks" \
+    -v l2i="$label2_ir" -v l2t="$label2_ticks" '
 function verdict(ok) { return ok ? "met" : "MISSED" }
 BEGIN {
     printf "%-34s %16s %16s %8s\n", "instructions (callgrind Ir)", "game", "floor", "ratio"
@@ -134,5 +142,9 @@ BEGIN {
     if (li > 0)
         printf "%-34s %16.0f %16.0f %7.2fx  aim <= 1.5x   %s\n", "per banner tick", gi / gt,
             li / lt, (gi / gt) / (li / lt), verdict(gi / gt <= 1.5 * li / lt)
-    if (li > 0) printf "(ticks counted: game %d, label %d)\n", gt, lt
+    if (l2i > 0)
+        printf "%-34s %16.0f %16.0f %7.2fx  aim <= 1.5x   %s\n", "per banner tick at scale 2",
+            g2i / g2t, l2i / l2t, (g2i / g2t) / (l2i / l2t), verdict(g2i / g2t <= 1.5 * l2i / l2t)
+    if (li > 0) printf "(ticks counted: game %d, label %d; at scale 2 game %d, label %d)\n",
+        gt, lt, g2t, l2t
 }'
