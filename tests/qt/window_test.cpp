@@ -77,7 +77,7 @@ class WindowTest : public QObject {
 private slots:
     // Every control at its twips, 15 to the pixel, with its text and alignment, in its face at
     // its size, 96 pixels to the inch: the buttons and the rules in the brush face that stands
-    // in for 隶书, the captions in the serif one for 宋体.
+    // in for 隶书, the captions in the serif one for 宋体; Shape1 exactly framing Label1.
     void controlsStandAsLaidOut() {
         Shown<Recorder> s;
         QCOMPARE(s.window.size(), QSize(9840 / 15, 6750 / 15));
@@ -102,6 +102,7 @@ private slots:
                      std::pair(alignment, QString(text)));
         }
         QVERIFY(s.child("Label3")->property("wordWrap").toBool());
+        QCOMPARE(s.child("Shape1")->geometry(), s.child("Label1")->geometry());  // framing it
     }
 
     // A click reaches the cell under it up to the cell's outermost pixels, nothing in the gaps,
