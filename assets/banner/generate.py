@@ -79,7 +79,7 @@ def ink_per_character(layers):
     return per_char, total[chosen[-1]]
 
 
-def fine_ink(samples, ink, threshold):
+def fine_ink(samples, threshold):
     """The lettering FINE times finer: the fine pixels whose frame-pixel-sized square, centred
     on them, is covered at least as well as the least covered ink pixel of the frames. It is
     the frames' own rule sampled more densely, so it keeps their weight and place."""
@@ -244,8 +244,9 @@ def main():
     layers, samples = coverage_per_character()
     per_char, threshold = ink_per_character(layers)
     order = pen_order(per_char)
-    assert len(order) == len(set(order)) == INK_PIXELS
-    runs = fine_runs(fine_ink(samples, set(order), threshold), set(order))
+    ink = set(order)
+    assert len(order) == len(ink) == INK_PIXELS
+    runs = fine_runs(fine_ink(samples, threshold), ink)
     steps = frame_steps()
     write_source(order, steps, runs)
     print(f"{OUTPUT}: {INK_PIXELS} pixels, steps {min(steps)} to {max(steps)}; "
