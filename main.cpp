@@ -62,7 +62,8 @@ void while_opening_display(QtMsgType type, const QMessageLogContext& context,
 
 }  // namespace
 
-// The program is the one form: it runs until the form unloads or its window is closed.
+// The program is the one form: it runs until the form unloads or its window is closed, and
+// with it the last window.
 int main(int argc, char* argv[]) {
     if (argc > 1) return answer_arguments(argc, argv);
     const QtMessageHandler previous = qInstallMessageHandler(while_opening_display);
@@ -76,11 +77,7 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationName(entry);
     game::Form1 form;
     form::qt::Window window(form);
-    QObject::connect(&window, &form::qt::Window::closed, &app, &QCoreApplication::quit,
-                     Qt::QueuedConnection);
-    form.load();
-    window.sync();
-    if (form.unloaded()) return 0;
+    window.show_changed(form.load());
     window.show();
     // The first frame need not wait for an icon to be decoded: window managers take one
     // whenever it is set. Docks and switchers show the desktop entry's icon, which the package

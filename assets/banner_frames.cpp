@@ -12,12 +12,11 @@ namespace assets {
 
 static_assert(banner::kFrameCount == form::layout::kBannerFrameCount);
 
-std::array<std::shared_ptr<const form::Picture>, form::layout::kBannerFrameCount>
-make_banner_frames() {
+std::array<form::Picture, form::layout::kBannerFrameCount> make_banner_frames() {
     const auto order = banner::pen_order();
     const auto counts = banner::ink_counts();
 
-    std::array<std::shared_ptr<const form::Picture>, form::layout::kBannerFrameCount> frames;
+    std::array<form::Picture, form::layout::kBannerFrameCount> frames;
     form::Picture page(banner::kWidth, banner::kHeight, form::kSilver, form::kBlack);
     page.set_finer_ink(banner::finer_ink());
     std::size_t written = 0;
@@ -25,7 +24,7 @@ make_banner_frames() {
         for (; written < counts[frame]; ++written) {
             page.set_ink(order[written] % 256, order[written] / 256);
         }
-        frames[frame] = std::make_shared<const form::Picture>(page);
+        frames[frame] = page;
     }
     return frames;
 }

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <array>
-#include <memory>
 
 #include "form/layout.h"
 #include "form/picture.h"
@@ -13,7 +12,6 @@ namespace assets {
 
 // The banner's flip-book: frame 0 blank, each later frame the one before it with a few more
 // pixels of the lettering, silver ground and black ink, 225 x 97 pixels each.
-std::array<std::shared_ptr<const form::Picture>, form::layout::kBannerFrameCount>
-make_banner_frames();
+std::array<form::Picture, form::layout::kBannerFrameCount> make_banner_frames();
 
 }  // namespace assets

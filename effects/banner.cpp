@@ -3,13 +3,14 @@
 
 #include "effects/banner.h"
 
+#include "form/layout.h"
+
 namespace effects {
 
-void Banner::tick(const std::array<form::Image, form::layout::kBannerFrameCount>& Image1,
-                  form::Image& Image2) {
-    Image2.picture = Image1[static_cast<std::size_t>(frame_no)].picture;
-    Image2.bounds.Width = frame_no * 22 + 1600;
-    Image2.bounds.Height = frame_no * 10 + 700;
+void Banner::tick(form::Image& Image2) {
+    Image2.Picture = frame_no;
+    Image2.Width = frame_no * 22 + 1600;
+    Image2.Height = frame_no * 10 + 700;
 
     if (frame_back == 0) {
         ++frame_no;

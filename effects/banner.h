@@ -3,11 +3,9 @@
 
 #pragma once
 
-#include <array>
 #include <cstdint>
 
 #include "form/controls.h"
-#include "form/layout.h"
 
 namespace effects {
 
@@ -17,9 +15,8 @@ struct Banner {
     std::int16_t frame_no = 0;    // the next frame to show
     std::int16_t frame_back = 0;  // 1 while the frames run downward
 
-    // One tick of Timer3: shows frame_no in Image2 and steps to the next frame.
-    void tick(const std::array<form::Image, form::layout::kBannerFrameCount>& Image1,
-              form::Image& Image2);
+    // One tick of Timer3: shows Image1(frame_no) in Image2 and steps to the next frame.
+    void tick(form::Image& Image2);
 };
 
 }  // namespace effects

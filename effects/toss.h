@@ -4,17 +4,13 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
 
 #include "form/controls.h"
 
 namespace effects {
 
-inline constexpr std::string_view kHumanFirst = "您先";
-inline constexpr std::string_view kComputerFirst = "计算机先";
-
 // The flicker that runs up to the choice of the first player. The choice is made at Start as
-// toss_limit, 20 to 29; the captions alternate tick by tick, beginning with kComputerFirst,
+// toss_limit, 20 to 29; the captions alternate tick by tick, beginning with "计算机先",
 // so the last one always names the true first player.
 struct Toss {
     std::uint8_t toss_tick = 0;

@@ -3,15 +3,13 @@
 
 #pragma once
 
-#include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
+#include "form/changes.h"
 #include "form/colour.h"
-#include "form/picture.h"
 
 // The controls of a form as plain values: their properties, and for a picture box the strokes
 // drawn on its surface. The logic writes these; a backend shows them. All measures are twips
@@ -23,15 +21,12 @@ struct Bounds {
     int Top = 0;
     int Width = 0;
     int Height = 0;
-    friend bool operator==(const Bounds&, const Bounds&) = default;
 };
 
 struct Font {
     const char* face;  // UTF-8
     int weight;        // 400 normal, 700 bold
     double points;
-    int charset;  // 134 is GB2312
-    friend bool operator==(const Font&, const Font&) = default;
 };
 
 enum class Alignment { Left, Centre };
@@ -51,11 +46,11 @@ struct LineStroke {
 using Stroke = std::variant<CircleStroke, LineStroke>;
 
 // A cell. Its surface keeps every stroke until Cls, so a cell that is hidden and shown again
-// still shows its mark.
+// still shows its mark. Drawing marks the cell as changed, as a write of Visible does.
 class PictureBox {
 public:
-    std::string Tag;  // blank until the logic writes it
-    bool Visible = true;
+    std::string Tag;  // blank until the logic writes it; not shown
+    Property<bool> Visible = true;
     float ScaleWidth = 0;  // inner width, inside the border
     int DrawWidth = 1;     // pen width in pixels
     Bounds bounds;
@@ -63,64 +58,71 @@ public:
 
     void Cls() {
         strokes_.clear();
-        ++surface_revision_;
+        drawn();
     }
     void Circle(float x, float y, float radius, Colour colour) {
         strokes_.emplace_back(CircleStroke{x, y, radius, colour});
-        ++surface_revision_;
+        drawn();
     }
     void Line(float x1, float y1, float x2, float y2, Colour colour) {
         strokes_.emplace_back(LineStroke{x1, y1, x2, y2, colour});
-        ++surface_revision_;
+        drawn();
     }
     const std::vector<Stroke>& strokes() const { return strokes_; }
-    // Grows with every Cls, Circle and Line, so a backend sees that the surface changed
-    // without keeping its strokes to compare.
-    std::uint64_t surface_revision() const { return surface_revision_; }
+
+    void watch(Changes& changes, int index) {
+        changes_ = &changes;
+        control_ = cell_control(index);
+        Visible.watch(changes, control_);
+    }
 
 private:
+    void drawn() {
+        if (changes_ != nullptr) changes_->mark(control_);
+    }
+
     std::vector<Stroke> strokes_;
-    std::uint64_t surface_revision_ = 0;
+    Changes* changes_ = nullptr;
+    Control control_{};
 };
 
 struct Label {
-    std::string Caption;              // UTF-8
-    std::optional<Colour> ForeColor;  // empty: the backend's default
+    Property<std::string> Caption;              // UTF-8
+    Property<std::optional<Colour>> ForeColor;  // empty: the default text colour
     Alignment alignment = Alignment::Left;
     bool word_wrap = false;
     Font font{};
     Bounds bounds;
-    int TabIndex = 0;
-    friend bool operator==(const Label&, const Label&) = default;
 };
 
-// An outline that the backend draws as a rounded rectangle.
+// An outline drawn as a rounded rectangle.
 struct Shape {
-    std::optional<Colour> BorderColor;  // empty: the backend's default
+    Property<std::optional<Colour>> BorderColor;  // empty: the default text colour
     Bounds bounds;
-    friend bool operator==(const Shape&, const Shape&) = default;
 };
 
 struct CommandButton {
     std::string Caption;  // UTF-8
-    bool Enabled = true;
+    Property<bool> Enabled = true;
     Font font{};
     Bounds bounds;
     int TabIndex = 0;
-    friend bool operator==(const CommandButton&, const CommandButton&) = default;
 };
 
 struct Timer {
-    bool Enabled = false;
+    Property<bool> Enabled = false;
     int Interval = 0;  // milliseconds
 };
 
-// Shows a picture. With stretch the picture is scaled to bounds, else drawn at its own size.
+// Shows one of the form's pictures, stretched to its size; Left and Top never change.
 struct Image {
-    std::shared_ptr<const Picture> picture;
-    bool Visible = true;
-    bool Stretch = false;
-    Bounds bounds;
+    Property<std::optional<int>> Picture;  // which of the form's Image1 pictures; none at first
+    int Left = 0;
+    int Top = 0;
+    Property<int> Width = 0;
+    Property<int> Height = 0;
+
+    Bounds bounds() const { return {Left, Top, Width, Height}; }
 };
 
 }  // namespace form

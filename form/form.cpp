@@ -3,7 +3,10 @@
 
 #include "form/form.h"
 
+#include <bitset>
 #include <utility>
+
+#include "form/texts.h"
 
 namespace form {
 
@@ -19,91 +22,105 @@ CommandButton button(const char* caption, Bounds bounds, int tab_index) {
 }
 
 // Label1 and Label2: empty until the game writes them.
-Label caption_label(Bounds bounds, int tab_index) {
+Label caption_label(Bounds bounds) {
     Label label;
     label.alignment = Alignment::Centre;
     label.font = layout::kCaptionFont;
     label.bounds = bounds;
-    label.TabIndex = tab_index;
     return label;
 }
 
 }  // namespace
 
 Form::Form(std::unique_ptr<RandomSource> random)
-    : Caption(layout::kFormCaption), random_(std::move(random)) {
+    : Caption(texts::kFormCaption), random_(std::move(random)) {
     for (int i = 0; i < layout::kCellCount; ++i) {
         auto& cell = Picture1[static_cast<std::size_t>(i)];
         cell.bounds = layout::cell_bounds(i);
         cell.ScaleWidth = layout::kCellScaleWidth;
         cell.DrawWidth = layout::kCellDrawWidth;
         cell.TabIndex = i;
+        cell.watch(changes_, i);
     }
 
-    Command1 = button(layout::kStartCaption, layout::kCommand1, layout::kCommand1TabIndex);
-    Command2 = button(layout::kExitCaption, layout::kCommand2, layout::kCommand2TabIndex);
-
-    Label1 = caption_label(layout::kLabel1, layout::kLabel1TabIndex);
+    Command1 = button(texts::kStartCaption, layout::kCommand1, layout::kCommand1TabIndex);
+    Command2 = button(texts::kExitCaption, layout::kCommand2, layout::kCommand2TabIndex);
+    Label1 = caption_label(layout::kLabel1);
     Shape1.bounds = layout::kShape1;
-    Label2 = caption_label(layout::kLabel2, layout::kLabel2TabIndex);
-    Label3.Caption = layout::kRulesCaption;
+    Label2 = caption_label(layout::kLabel2);
+    Label3.Caption = texts::kRulesCaption;
     Label3.word_wrap = true;
     Label3.font = layout::kRulesFont;
     Label3.bounds = layout::kLabel3;
-    Label3.TabIndex = layout::kLabel3TabIndex;
-
-    Timer1 = {false, layout::kTossInterval};
-    Timer2 = {false, layout::kBlinkInterval};
+    Timer1.Interval = layout::kTossInterval;
+    Timer2.Interval = layout::kBlinkInterval;
     Timer3 = {true, layout::kBannerInterval};
+    Image2.Left = layout::kImage2.Left;
+    Image2.Top = layout::kImage2.Top;
+    Image2.Width = layout::kImage2.Width;
+    Image2.Height = layout::kImage2.Height;
 
-    for (auto& frame : Image1) {
-        frame.Visible = false;
-        frame.bounds = layout::kImage1;
+    Command1.Enabled.watch(changes_, Control::Command1);
+    Label1.Caption.watch(changes_, Control::Label1);
+    Label1.ForeColor.watch(changes_, Control::Label1);
+    Label2.Caption.watch(changes_, Control::Label2);
+    Label2.ForeColor.watch(changes_, Control::Label2);
+    Shape1.BorderColor.watch(changes_, Control::Shape1);
+    Timer1.Enabled.watch(changes_, Control::Timer1);
+    Timer2.Enabled.watch(changes_, Control::Timer2);
+    Image2.Picture.watch(changes_, Control::Image2);
+    Image2.Width.watch(changes_, Control::Image2);
+    Image2.Height.watch(changes_, Control::Image2);
+}
+
+template <typename Procedure>
+Changes Form::deliver(Procedure procedure) {
+    if (!accepts_events()) return {};
+    std::bitset<layout::kCellCount> playable_before;
+    for (int i = 0; i < layout::kCellCount; ++i)
+        playable_before[static_cast<std::size_t>(i)] = playable(i);
+    procedure();
+    for (int i = 0; i < layout::kCellCount; ++i) {
+        if (cell_playable(i) != playable_before[static_cast<std::size_t>(i)])
+            changes_.mark(cell_control(i));
     }
-    Image2.Stretch = true;
-    Image2.bounds = layout::kImage2;
+    return std::exchange(changes_, {});
 }
 
-void Form::load() {
-    if (loaded_ || unloaded_) return;
+Changes Form::load() {
+    if (loaded_ || unloaded_) return {};
     loaded_ = true;
-    Form_Load();
+    return deliver([this] { Form_Load(); });
 }
 
-void Form::click_cell(int index) {
-    if (!accepts_events() || index < 0 || index >= layout::kCellCount) return;
-    Picture1_Click(index);
+Changes Form::click_cell(int index) {
+    if (index < 0 || index >= layout::kCellCount) return {};
+    return deliver([this, index] { Picture1_Click(index); });
 }
 
 bool Form::cell_playable(int index) const {
     return accepts_events() && index >= 0 && index < layout::kCellCount && playable(index);
 }
 
-void Form::click(ButtonId button) {
-    if (!accepts_events()) return;
-    switch (button) {
-        case ButtonId::Command1:
-            if (Command1.Enabled) Command1_Click();
-            break;
-        case ButtonId::Command2:
-            if (Command2.Enabled) Command2_Click();
-            break;
-    }
+Changes Form::click(ButtonId button) {
+    return deliver([this, button] {
+        if (button == ButtonId::Command1 && Command1.Enabled) Command1_Click();
+        if (button == ButtonId::Command2 && Command2.Enabled) Command2_Click();
+    });
 }
 
-void Form::tick(TimerId id) {
-    if (!accepts_events() || !timer(id).Enabled) return;
-    switch (id) {
-        case TimerId::Timer1:
-            Timer1_Timer();
-            break;
-        case TimerId::Timer2:
-            Timer2_Timer();
-            break;
-        case TimerId::Timer3:
-            Timer3_Timer();
-            break;
-    }
+Changes Form::tick(TimerId id) {
+    return deliver([this, id] {
+        if (!timer(id).Enabled) return;
+        switch (id) {
+            case TimerId::Timer1:
+                return Timer1_Timer();
+            case TimerId::Timer2:
+                return Timer2_Timer();
+            case TimerId::Timer3:
+                return Timer3_Timer();
+        }
+    });
 }
 
 const Timer& Form::timer(TimerId id) const {

@@ -7,8 +7,10 @@
 #include <memory>
 #include <string>
 
+#include "form/changes.h"
 #include "form/controls.h"
 #include "form/layout.h"
+#include "form/picture.h"
 #include "form/random.h"
 
 namespace form {
@@ -17,13 +19,15 @@ enum class ButtonId { Command1, Command2 };
 enum class TimerId { Timer1, Timer2, Timer3 };
 
 // The one window and its controls, built from the layout, and the runtime's side of events:
-// whoever drives the form (the Qt backend, or a test) delivers clicks and ticks through the
-// public calls below, one at a time. A subclass supplies the event procedures.
+// whoever drives the form (a backend, or a test) delivers clicks and ticks through the public
+// calls below, one at a time, and shows what each returns: the controls it changed.
+// A subclass supplies the event procedures.
 //
-//     Form1 form;          // controls laid out, Timer3 enabled
-//     form.load();         // Form_Load
-//     form.click(ButtonId::Command1);
-//     form.tick(TimerId::Timer1);
+//     Form1 form;                   // controls laid out, Timer3 enabled
+//     show(Changes::all());         // a backend shows everything once
+//     show(form.load());            // Form_Load
+//     show(form.click(ButtonId::Command1));
+//     show(form.tick(TimerId::Timer1));
 class Form {
 public:
     explicit Form(std::unique_ptr<RandomSource> random);
@@ -42,21 +46,23 @@ public:
     Timer Timer1;
     Timer Timer2;
     Timer Timer3;
-    std::array<Image, layout::kBannerFrameCount> Image1;
+    // The banner's frames: hidden pictures that Image2 shows one at a time.
+    std::array<Picture, layout::kBannerFrameCount> Image1;
     Image Image2;
 
     // Delivers Form_Load; only the first call does anything, and nothing else is delivered
     // before it.
-    void load();
+    Changes load();
     // A click on Picture1(index); an index outside 0 to 8 is no cell and is ignored.
-    void click_cell(int index);
+    Changes click_cell(int index);
     // A disabled button delivers no click.
-    void click(ButtonId button);
+    Changes click(ButtonId button);
     // A disabled timer delivers no tick.
-    void tick(TimerId timer);
+    Changes tick(TimerId timer);
 
     // Whether a click on Picture1(index) would play that cell now, so that a backend can tell
-    // which cells are open to play. False before load, after Unload and outside 0 to 8.
+    // which cells are open to play. False before load, after Unload and outside 0 to 8. An
+    // event that changes it marks the cell.
     bool cell_playable(int index) const;
 
     // After Unload the form is gone: nothing more is delivered and the program should end.
@@ -64,7 +70,10 @@ public:
     const Timer& timer(TimerId id) const;
 
 protected:
-    void Unload() { unloaded_ = true; }
+    void Unload() {
+        unloaded_ = true;
+        changes_.mark(Control::Form);
+    }
     void randomize() { random_->randomize(); }
     float random_next() { return random_->random_next(); }
 
@@ -82,7 +91,11 @@ protected:
 
 private:
     bool accepts_events() const { return loaded_ && !unloaded_; }
+    // Runs one event procedure and takes the marks it made.
+    template <typename Procedure>
+    Changes deliver(Procedure procedure);
 
+    Changes changes_;
     std::unique_ptr<RandomSource> random_;
     bool loaded_ = false;
     bool unloaded_ = false;

@@ -11,7 +11,6 @@ namespace form::layout {
 
 inline constexpr int kTwipsPerPixel = 15;
 
-inline constexpr const char* kFormCaption = "三连棋局";
 inline constexpr int kClientWidth = 9840;
 inline constexpr int kClientHeight = 6750;
 
@@ -29,9 +28,9 @@ constexpr Bounds cell_bounds(int index) {
             kCellSize, kCellSize};
 }
 
-inline constexpr Font kButtonFont{"隶书", 700, 21.75, 134};
-inline constexpr Font kRulesFont{"隶书", 700, 15.75, 134};
-inline constexpr Font kCaptionFont{"宋体", 400, 26.25, 134};
+inline constexpr Font kButtonFont{"隶书", 700, 21.75};
+inline constexpr Font kRulesFont{"隶书", 700, 15.75};
+inline constexpr Font kCaptionFont{"宋体", 400, 26.25};
 
 inline constexpr Bounds kCommand1{4440, 360, 1455, 615};
 inline constexpr Bounds kCommand2{4440, 1560, 1455, 615};
@@ -40,21 +39,10 @@ inline constexpr Bounds kShape1 = kLabel1;
 inline constexpr Bounds kLabel2{1560, 5040, 2415, 735};
 inline constexpr Bounds kLabel3{4440, 3600, 5295, 2895};
 inline constexpr Bounds kImage2{6000, 120, 1575, 855};
-inline constexpr Bounds kImage1{0, 0, 3375, 1455};
 
 // Focus order: the cells take 0 to 8.
-inline constexpr int kLabel1TabIndex = 9;
-inline constexpr int kLabel2TabIndex = 10;
 inline constexpr int kCommand2TabIndex = 11;
 inline constexpr int kCommand1TabIndex = 12;
-inline constexpr int kLabel3TabIndex = 13;
-
-inline constexpr const char* kStartCaption = "开始";
-inline constexpr const char* kExitCaption = "退出";
-inline constexpr const char* kRulesCaption =
-    "    游戏规则：按“开始”后，随机选择“您先”或“计算机先”。游戏时，先玩者画“圆”，后完者画“叉”。"
-    "若出现某一横行或某一竖行或某一对角线均为圆（或叉），则先玩者（后完者）获胜。若填完所有格后，"
-    "双方均未出现此情形，则为和局。结束一局后，可按“开始”继续游戏。    ";
 
 inline constexpr int kTossInterval = 10;
 inline constexpr int kBlinkInterval = 500;

@@ -16,6 +16,7 @@ namespace form {
 // padded to whole bytes, most significant bit first, so 93 banner frames stay small.
 class Picture {
 public:
+    Picture() = default;  // empty, until a picture is assigned
     Picture(int width, int height, Colour ground, Colour ink);
 
     int width() const { return width_; }
@@ -39,10 +40,10 @@ public:
     Picture drawn_finer(int width, int height) const;
 
 private:
-    int width_;
-    int height_;
-    Colour ground_;
-    Colour ink_;
+    int width_ = 0;
+    int height_ = 0;
+    Colour ground_ = 0;
+    Colour ink_ = 0;
     std::vector<std::uint8_t> bits_;
     std::optional<FinerInk> finer_ink_;
 };

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <string_view>
 
 #include "effects/banner.h"
 #include "effects/toss.h"
@@ -14,10 +13,6 @@
 #include "form/random.h"
 
 namespace game {
-
-inline constexpr std::string_view kHumanWins = "你赢了";
-inline constexpr std::string_view kHumanLoses = "你输了";
-inline constexpr std::string_view kDraw = "和局！";
 
 // The game window. The board has no structure of its own: it is the nine Tag texts of
 // Picture1, "0" empty, "1" circle, "-1" cross. The first player, decided by the parity of

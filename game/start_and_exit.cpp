@@ -11,8 +11,7 @@ namespace game {
 
 Form1::Form1(std::unique_ptr<form::RandomSource> random) : form::Form(std::move(random)) {
     // The banner's frames are loaded with the form, so a tick only hands one over.
-    const auto frames = assets::make_banner_frames();
-    for (std::size_t i = 0; i < frames.size(); ++i) Image1[i].picture = frames[i];
+    Image1 = assets::make_banner_frames();
 }
 
 int Form1::mark_at(int cell) const {
@@ -27,7 +26,7 @@ void Form1::Command1_Click() {
         cell.Cls();
         cell.Visible = true;
     }
-    Label2.Caption.clear();  // Label2 keeps its colour
+    Label2.Caption = "";  // Label2 keeps its colour
     Timer2.Enabled = false;
     move_no = 1;
     game_over = false;

@@ -14,6 +14,6 @@ void Form1::Timer1_Timer() {
 
 void Form1::Timer2_Timer() { effects::blink_line(Picture1, {win_a, win_b, win_c}); }
 
-void Form1::Timer3_Timer() { banner.tick(Image1, Image2); }
+void Form1::Timer3_Timer() { banner.tick(Image2); }
 
 }  // namespace game

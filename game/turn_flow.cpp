@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Sanlian developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "form/text.h"
+#include "form/texts.h"
 #include "game/form1.h"
 
 namespace game {
@@ -30,7 +30,7 @@ void Form1::draw_ox(int cell) {
     check_win();
     if (move_no >= 9 && !game_over) {
         Label2.ForeColor = form::kBlue;
-        Label2.Caption = kDraw;
+        Label2.Caption = form::texts::kDraw;
         Command1.Enabled = true;
     }
     ++move_no;

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "form/text.h"
+#include "form/texts.h"
 #include "game/form1.h"
 
 namespace game {
@@ -57,7 +58,7 @@ void Form1::show_win(std::uint8_t a, std::uint8_t b, std::uint8_t c) {
     // Odd moves are the first player's: the human made the last move when the parities of
     // toss_limit and move_no differ. Label2 keeps its colour.
     const bool human_moved_last = (toss_limit + move_no) % 2 == 1;
-    Label2.Caption = human_moved_last ? kHumanWins : kHumanLoses;
+    Label2.Caption = human_moved_last ? form::texts::kHumanWins : form::texts::kHumanLoses;
 }
 
 }  // namespace game

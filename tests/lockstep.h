@@ -44,24 +44,24 @@ inline std::string differs(const game::Form1& f, const model::Game& m, const Pla
     for (std::size_t i = 0; i < 9; ++i) {
         const Strokes drawn = m.drawn[i] == 1 ? circle : m.drawn[i] == -1 ? cross : Strokes{};
         const auto& c = f.Picture1[i];
-        if (tuple(c.Tag, c.Visible, c.strokes()) != tuple(m.tag[i], m.visible[i], drawn))
+        if (tuple(c.Tag, *c.Visible, c.strokes()) != tuple(m.tag[i], m.visible[i], drawn))
             return "cell " + std::to_string(i);
     }
-    if (tuple(f.Label1.Caption, f.Label1.ForeColor, f.Shape1.BorderColor, f.Timer1.Enabled,
-              f.toss.toss_tick, f.toss_limit, f.Label2.Caption, f.Label2.ForeColor,
-              f.Command1.Enabled, f.Timer2.Enabled, f.move_no, f.player_turn,
+    if (tuple(*f.Label1.Caption, *f.Label1.ForeColor, *f.Shape1.BorderColor, *f.Timer1.Enabled,
+              f.toss.toss_tick, f.toss_limit, *f.Label2.Caption, *f.Label2.ForeColor,
+              *f.Command1.Enabled, *f.Timer2.Enabled, f.move_no, f.player_turn,
               f.game_over) != tuple(m.label1, m.label1_colour, m.shape1_colour, m.timer1,
                                     m.toss_tick, m.toss_limit, m.label2, m.label2_colour,
                                     m.command1, m.timer2, m.move_no, m.player_turn, m.game_over))
         return "captions, colours, Start, timers or the turn";
     const auto& p = f.mark_pen;
     if (tuple(p.circle_x, p.circle_y, p.cross_near, p.cross_far, f.win_a, f.win_b, f.win_c,
-              f.banner.frame_no, f.banner.frame_back, f.Image2.bounds, f.Image2.picture) !=
+              f.banner.frame_no, f.banner.frame_back, *f.Image2.Width, *f.Image2.Height,
+              f.Image2.Picture->value_or(-1)) !=
         tuple(m.circle_x, m.circle_x, m.cross_near, m.cross_far, m.win[0], m.win[1], m.win[2],
-              m.frame_no, m.frame_back, form::Bounds{6000, 120, m.banner_width, m.banner_height},
-              m.shown_frame < 0 ? nullptr : f.Image1.at(m.shown_frame).picture))
+              m.frame_no, m.frame_back, m.banner_width, m.banner_height, m.shown_frame))
         return "the mark's coordinates, the winning line or the banner";
-    if (tuple(f.unloaded(), f.Command2.Enabled, f.Timer3.Enabled, !random.value, random.unplanned,
+    if (tuple(f.unloaded(), *f.Command2.Enabled, *f.Timer3.Enabled, !random.value, random.unplanned,
               random.seeds) != tuple(m.unloaded, 1, 1, m.drew, 0, 1))
         return "Exit, or the random draws and randomize";
     return {};

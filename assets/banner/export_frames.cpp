@@ -44,7 +44,7 @@ int main(int argc, char** argv) {
     const auto frames = assets::make_banner_frames();
     for (std::size_t i = 0; i < frames.size(); ++i) {
         const std::string name = (i < 10 ? "frame_0" : "frame_") + std::to_string(i) + ".ppm";
-        if (!write_ppm(*frames[i], dir / name)) {
+        if (!write_ppm(frames[i], dir / name)) {
             std::fprintf(stderr, "cannot write %s\n", (dir / name).c_str());
             return 1;
         }

@@ -25,17 +25,18 @@
 #include <vector>
 
 #include "assets/banner_frames.h"
+#include "form/appearance.h"
 #include "form/layout.h"
 #include "form/qt/fonts.h"
 #include "form/qt/geometry.h"
 #include "form/qt/prepared_picture.h"
+#include "form/texts.h"
 
 namespace {
 
 namespace layout = form::layout;
 
-// A layout edge in twips to pixels, rounded as the game rounds it.
-int pixels(int twips) { return (twips + layout::kTwipsPerPixel / 2) / layout::kTwipsPerPixel; }
+using form::appearance::pixels;
 
 QRect banner_rect(int frame_no) {
     const int left = layout::kImage2.Left;
@@ -47,13 +48,14 @@ QRect banner_rect(int frame_no) {
 
 void add_texts(QWidget& window) {
     const form::qt::FontBook fonts;
-    auto* rules = new QLabel(QString::fromUtf8(layout::kRulesCaption), &window);
+    auto* rules = new QLabel(QString::fromUtf8(form::texts::kRulesCaption), &window);
     rules->setFont(fonts.font_for(layout::kRulesFont));
     rules->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     rules->setWordWrap(true);
     rules->setGeometry(form::qt::pixel_rect(layout::kLabel3));
-    for (const auto& [caption, bounds] : {std::pair{layout::kStartCaption, layout::kCommand1},
-                                          std::pair{layout::kExitCaption, layout::kCommand2}}) {
+    for (const auto& [caption, bounds] :
+         {std::pair{form::texts::kStartCaption, layout::kCommand1},
+          std::pair{form::texts::kExitCaption, layout::kCommand2}}) {
         auto* button = new QPushButton(QString::fromUtf8(caption), &window);
         button->setFont(fonts.font_for(layout::kButtonFont));
         button->setGeometry(form::qt::pixel_rect(bounds));
@@ -96,7 +98,7 @@ int main(int argc, char** argv) {
             const QSize device(static_cast<int>(std::lround(size.width() * dpr)),
                                static_cast<int>(std::lround(size.height() * dpr)));
             QPixmap pixmap = QPixmap::fromImage(
-                form::qt::to_image(*pictures[static_cast<std::size_t>(f)]).scaled(device));
+                form::qt::to_image(pictures[static_cast<std::size_t>(f)]).scaled(device));
             pixmap.setDevicePixelRatio(dpr);
             frames.push_back(pixmap);
         }

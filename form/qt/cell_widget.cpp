@@ -11,6 +11,7 @@
 #include <type_traits>
 #include <variant>
 
+#include "form/appearance.h"
 #include "form/layout.h"
 #include "form/qt/geometry.h"
 
@@ -20,17 +21,19 @@ namespace {
 
 constexpr int kBorder = layout::kCellBorderPixels;
 
-// The classic client edge: shadow over highlight outside, dark shadow over light inside.
+// The cell's border, a ring of one pixel for each shade. Qt's qDrawWinPanel draws the same
+// shades, but on Qt 6.4 each ring only one device pixel wide above a device pixel ratio of 1.
 void draw_sunken_border(QPainter& painter, const QRect& rect) {
-    const auto edge = [&](int inset, QColor top_left, QColor bottom_right) {
+    const auto ring = [&](int inset, Colour top_left, Colour bottom_right) {
         const QRect r = rect.adjusted(inset, inset, -inset, -inset);
-        painter.fillRect(r.left(), r.top(), r.width(), 1, top_left);
-        painter.fillRect(r.left(), r.top(), 1, r.height(), top_left);
-        painter.fillRect(r.left(), r.bottom(), r.width(), 1, bottom_right);
-        painter.fillRect(r.right(), r.top(), 1, r.height(), bottom_right);
+        painter.fillRect(r.left(), r.top(), r.width(), 1, to_qcolor(top_left));
+        painter.fillRect(r.left(), r.top(), 1, r.height(), to_qcolor(top_left));
+        painter.fillRect(r.left(), r.bottom(), r.width(), 1, to_qcolor(bottom_right));
+        painter.fillRect(r.right(), r.top(), 1, r.height(), to_qcolor(bottom_right));
     };
-    edge(0, QColor(128, 128, 128), QColor(255, 255, 255));
-    edge(1, QColor(64, 64, 64), QColor(192, 192, 192));
+    const auto& bevel = appearance::kCellBevel;
+    ring(0, bevel.outer_top_left, bevel.outer_bottom_right);
+    ring(1, bevel.inner_top_left, bevel.inner_bottom_right);
 }
 
 // The cell's strokes, in twips of its inner area, clipped to it.
@@ -109,28 +112,20 @@ void draw_focus_mark(QPainter& painter, const QRect& inner) {
 
 }  // namespace
 
-CellWidget::CellWidget(const PictureBox& cell, QWidget* parent) : QWidget(parent), cell_(cell) {
+CellWidget::CellWidget(const Form& form, int index, QWidget* parent)
+    : QWidget(parent), form_(form), index_(index) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     QAccessible::installFactory(cell_accessible);  // once: a second install is ignored
 }
 
-void CellWidget::set_playable(bool playable) {
-    if (playable == playable_) return;
-    playable_ = playable;
-    QAccessible::State changed;
-    changed.disabled = true;
-    QAccessibleStateChangeEvent event(this, changed);
-    QAccessible::updateAccessibility(&event);
-}
-
-// Border, ground, the strokes, then the focus mark over them.
+// Border and ground, the strokes, then the focus mark over them.
 void CellWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     draw_sunken_border(painter, rect());
     const QRect inner = rect().adjusted(kBorder, kBorder, -kBorder, -kBorder);
-    painter.fillRect(inner, to_qcolor(kCellBackground));
-    draw_strokes(painter, inner, cell_);
+    painter.fillRect(inner, to_qcolor(appearance::kCellBackground));
+    draw_strokes(painter, inner, form_.Picture1[static_cast<std::size_t>(index_)]);
     // Shown on the same condition as a button's focus: the focus came from the keyboard.
     QStyleOption option;
     option.initFrom(this);

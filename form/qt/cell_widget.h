@@ -5,27 +5,24 @@
 
 #include <QWidget>
 
-#include "form/controls.h"
+#include "form/form.h"
 
 namespace form::qt {
 
-// A cell: a sunken border two pixels wide around a surface that shows the strokes of the
-// form's cell, read from the form at every paint. The strokes are vectors in twips of the
-// inner area, drawn through the painter's transform, so they stay sharp at any device pixel
-// ratio. The window calls update() when the cell's surface changes.
+// A cell: a sunken border around a surface that shows the strokes of Picture1(index), read
+// from the form at every paint. The strokes are vectors in twips of the inner area, drawn
+// through the painter's transform, so they stay sharp at any device pixel ratio.
 //
 // Assistive tools see a cell of the board with the press action of a button, which is a
-// click; the cell reads as enabled only while a click would play it.
+// click; the cell reads as enabled only while the form says a click would play it.
 class CellWidget : public QWidget {
     Q_OBJECT
 
 public:
-    // cell must outlive the widget.
-    CellWidget(const PictureBox& cell, QWidget* parent);
+    // form must outlive the widget. 0 <= index < 9
+    CellWidget(const Form& form, int index, QWidget* parent);
 
-    bool playable() const { return playable_; }
-    // Whether a click would play the cell now; a change is announced to assistive tools.
-    void set_playable(bool playable);
+    bool playable() const { return form_.cell_playable(index_); }
 
 signals:
     // A press and release of the left button, both inside the cell.
@@ -38,9 +35,9 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    const PictureBox& cell_;
+    const Form& form_;
+    int index_;
     bool pressed_ = false;
-    bool playable_ = false;
 };
 
 }  // namespace form::qt

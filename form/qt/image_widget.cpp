@@ -7,34 +7,40 @@
 
 #include <cmath>
 
+#include "form/qt/geometry.h"
+
 namespace form::qt {
 
-ImageWidget::ImageWidget(QWidget* parent) : QWidget(parent) {
+ImageWidget::ImageWidget(const Form& form, QWidget* parent) : QWidget(parent), form_(form) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
-QSize ImageWidget::device_size() const {
-    const qreal ratio = devicePixelRatioF();
-    return {static_cast<int>(std::lround(width() * ratio)),
-            static_cast<int>(std::lround(height() * ratio))};
-}
-
-void ImageWidget::show_picture(const PreparedPicture* picture) {
-    if (picture == nullptr) {
-        if (!picture_) return;
-        picture_.reset();
-    } else {
-        picture_ = *picture;
-    }
+void ImageWidget::show_image() {
+    const Image& image = form_.Image2;
+    setGeometry(pixel_rect(image.bounds()));
     // A picture covers the whole widget, so the form's ground under it need not be painted.
-    setAttribute(Qt::WA_OpaquePaintEvent, picture_.has_value());
+    setAttribute(Qt::WA_OpaquePaintEvent, image.Picture->has_value());
+    if (const qreal ratio = devicePixelRatioF(); ratio != prepared_ratio_) {
+        prepared_ratio_ = ratio;
+        prepared_ = {};
+    }
+    if (image.Picture->has_value()) {
+        auto& prepared = prepared_.at(static_cast<std::size_t>(**image.Picture));
+        if (!prepared) {
+            const QSize device_size(static_cast<int>(std::lround(width() * prepared_ratio_)),
+                                    static_cast<int>(std::lround(height() * prepared_ratio_)));
+            prepared = prepare(form_.Image1.at(static_cast<std::size_t>(**image.Picture)),
+                               device_size, prepared_ratio_);
+        }
+    }
     update();
 }
 
 void ImageWidget::paintEvent(QPaintEvent*) {
-    if (!picture_) return;
+    const auto& picture = form_.Image2.Picture;
+    if (!picture->has_value()) return;
     QPainter painter(this);
-    picture_->paint(painter, rect());
+    prepared_.at(static_cast<std::size_t>(**picture))->paint(painter, rect());
 }
 
 }  // namespace form::qt

@@ -5,28 +5,33 @@
 
 #include <QWidget>
 
+#include <array>
 #include <optional>
 
+#include "form/form.h"
 #include "form/qt/prepared_picture.h"
 
 namespace form::qt {
 
-// A picture prepared at the widget's size, covering the whole widget; nothing at all without
-// a picture.
+// Image2: the one of the form's Image1 pictures that it names, stretched to its size, or
+// nothing before it names one. Each picture is always shown at the same size, so it is
+// prepared once for the screen's device pixel ratio, the first time it is shown, and again
+// only when the ratio changes.
 class ImageWidget : public QWidget {
 public:
-    explicit ImageWidget(QWidget* parent);
+    // form must outlive the widget.
+    ImageWidget(const Form& form, QWidget* parent);
 
-    // The widget's size in device pixels, the size to prepare its picture at.
-    QSize device_size() const;
-    void show_picture(const PreparedPicture* picture);
+    // Takes Image2's picture and size from the form.
+    void show_image();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    // Shares the prepared image; nothing is copied.
-    std::optional<PreparedPicture> picture_;
+    const Form& form_;
+    qreal prepared_ratio_ = 0;
+    std::array<std::optional<PreparedPicture>, layout::kBannerFrameCount> prepared_;
 };
 
 }  // namespace form::qt

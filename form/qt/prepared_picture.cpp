@@ -66,17 +66,4 @@ void PreparedPicture::paint(QPainter& painter, const QRect& target) const {
     painter.drawImage(QPointF(target.topLeft()) + QPointF(ink_at) / ratio, ink);
 }
 
-const PreparedPicture& PreparedPictures::prepared(const std::shared_ptr<const Picture>& picture,
-                                                  QSize device_size, qreal device_pixel_ratio) {
-    const auto found = entries_.find(picture.get());
-    if (found != entries_.end() && found->second.picture.lock() == picture &&
-        found->second.prepared.size == device_size &&
-        found->second.device_pixel_ratio == device_pixel_ratio) {
-        return found->second.prepared;
-    }
-    std::erase_if(entries_, [](const auto& entry) { return entry.second.picture.expired(); });
-    Entry entry{picture, device_pixel_ratio, prepare(*picture, device_size, device_pixel_ratio)};
-    return entries_.insert_or_assign(picture.get(), std::move(entry)).first->second.prepared;
-}
-
 }  // namespace form::qt

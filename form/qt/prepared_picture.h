@@ -8,9 +8,6 @@
 #include <QPoint>
 #include <QSize>
 
-#include <memory>
-#include <unordered_map>
-
 #include "form/picture.h"
 
 class QPainter;
@@ -38,24 +35,5 @@ struct PreparedPicture {
 };
 
 PreparedPicture prepare(const Picture& picture, QSize device_size, qreal device_pixel_ratio);
-
-// Prepares each picture once for the size it is shown at: the banner hands Image2 a new frame
-// every 50 ms, each frame always at the same size, so after one cycle a tick prepares nothing.
-// Entries are keyed by the picture's address and hold it weakly, so a freed picture whose
-// address is reused is prepared afresh, and freed pictures are dropped.
-class PreparedPictures {
-public:
-    // The picture stretched to device_size; the same object for the same picture and size.
-    const PreparedPicture& prepared(const std::shared_ptr<const Picture>& picture,
-                                    QSize device_size, qreal device_pixel_ratio);
-
-private:
-    struct Entry {
-        std::weak_ptr<const Picture> picture;
-        qreal device_pixel_ratio;
-        PreparedPicture prepared;
-    };
-    std::unordered_map<const Picture*, Entry> entries_;
-};
 
 }  // namespace form::qt
