@@ -2,13 +2,15 @@
 # SPDX-FileCopyrightText: 2026 Sanlian developers
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Installs the Debian packages that building, running or testing needs, if any are missing.
-# Usage: scripts/install-deps.sh run|test
+# Usage: scripts/install-deps.sh run|test|web
 # Safe to run again: it asks apt only when a package is not installed yet.
 set -euo pipefail
 
 build_packages=(cmake g++ make pkg-config qt6-base-dev libgl-dev)
 # run.sh configures the game alone, without tests and benchmarks.
 run_packages=("${build_packages[@]}")
+# The page: the program as WebAssembly, its fonts as WOFF2 and its source archive.
+web_packages=(cmake make emscripten python3-fonttools python3-brotli git)
 test_packages=("${build_packages[@]}" clang libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
     # packaging checks, the .deb test (lintian, hardening-check) and the file-access trace
     desktop-file-utils appstream dpkg-dev file lintian devscripts dbus-daemon strace python3
@@ -21,8 +23,9 @@ test_packages=("${build_packages[@]}" clang libgtest-dev libgmock-dev libbenchma
 
 case "${1:-}" in
     run) wanted=("${run_packages[@]}") ;;
-    test) wanted=("${test_packages[@]}") ;;
-    *) echo "usage: $0 run|test" >&2; exit 2 ;;
+    test) wanted=("${test_packages[@]}" "${web_packages[@]}") ;;
+    web) wanted=("${web_packages[@]}") ;;
+    *) echo "usage: $0 run|test|web" >&2; exit 2 ;;
 esac
 
 missing=()

@@ -8,55 +8,39 @@
 #include <QString>
 #include <QStringList>
 
-#include <array>
+#include <string_view>
+
+#include "form/fonts.h"
 
 namespace form::qt {
 
 namespace {
 
-struct StandIn {
-    const char* face;      // UTF-8, as the layout names it
-    const char* family;    // the family inside the resource
-    const char* resource;  // built from Debian's fonts by assets/fonts/make-subsets.sh
-};
-
-// The first entry also stands in for any face not listed.
-constexpr std::array<StandIn, 2> kStandIns{{
-    {"宋体", "Sanlian Serif", ":/fonts/sanlian-serif.otf"},
-    {"隶书", "Sanlian Kai", ":/fonts/sanlian-kai.ttf"},
-}};
-
-const StandIn& stand_in_for(const char* face) {
-    for (const auto& entry : kStandIns) {
-        if (QString::fromUtf8(face) == QString::fromUtf8(entry.face)) return entry;
-    }
-    return kStandIns.front();
+QString text(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
-
-constexpr double kDesignDpi = 96;
-constexpr double kPointsPerInch = 72;
 
 }  // namespace
 
 FontBook::FontBook() {
-    for (const auto& entry : kStandIns) {
-        QFile file(QString::fromUtf8(entry.resource));
+    for (const auto& entry : fonts::kStandIns) {
+        QFile file(QStringLiteral(":/fonts/") + text(entry.file));
         if (!file.open(QIODevice::ReadOnly) ||
             QFontDatabase::addApplicationFontFromData(file.readAll()) < 0) {
-            qFatal("cannot load the compiled-in font %s", entry.resource);
+            qFatal("cannot load the compiled-in font %s", qPrintable(file.fileName()));
         }
     }
     // The list of families is read from fontconfig once for any text. hasFamily() would also
     // run fontconfig's substitution over every font on the machine for each name it is asked.
     const QStringList families = QFontDatabase::families();
-    for (const auto& entry : kStandIns) {
-        const QString face = QString::fromUtf8(entry.face);
+    for (const auto& entry : fonts::kStandIns) {
+        const QString face = text(entry.face);
         if (families.contains(face, Qt::CaseInsensitive)) faces_present_ << face;
     }
 }
 
 QString FontBook::stand_in_family(const char* face) {
-    return QString::fromUtf8(stand_in_for(face).family);
+    return text(fonts::stand_in_for(face).family);
 }
 
 QFont FontBook::font_for(const Font& font) const {
@@ -68,7 +52,7 @@ QFont FontBook::font_for(const Font& font) const {
 
     QFont result;
     result.setFamilies(families);
-    result.setPixelSize(qRound(font.points * kDesignDpi / kPointsPerInch));
+    result.setPixelSize(fonts::pixel_size(font.points));
     result.setWeight(static_cast<QFont::Weight>(font.weight));
     // The compiled-in faces carry no hinting of their own, so FreeType's light hinting ran its
     // auto-hinter over every character before the first frame (about 15 M instructions, a

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 Sanlian developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "form/web/dom.h"
+
+#include <array>
+#include <cmath>
+
+namespace form::web {
+
+std::string css_colour(Colour colour) {
+    constexpr std::array<char, 16> kDigits{'0', '1', '2', '3', '4', '5', '6', '7',
+                                           '8', '9', 'a', 'b', 'c', 'd', 'e', 'f'};
+    std::string css = "#";
+    for (const int channel : {red_of(colour), green_of(colour), blue_of(colour)}) {
+        css += kDigits[static_cast<std::size_t>(channel >> 4)];
+        css += kDigits[static_cast<std::size_t>(channel & 0xF)];
+    }
+    return css;
+}
+
+val create(const char* tag, const std::string& id) {
+    val element = val::global("document").call<val>("createElement", std::string(tag));
+    if (!id.empty()) element.set("id", id);
+    return element;
+}
+
+val append(val parent, const char* tag, const std::string& id) {
+    val element = create(tag, id);
+    parent.call<void>("append", element);
+    return element;
+}
+
+void set_style(val element, const char* property, const std::string& value) {
+    element["style"].call<void>("setProperty", std::string(property), value);
+}
+
+void place(val element, const Bounds& pixels) {
+    const auto px = [](int n) { return std::to_string(n) + "px"; };
+    set_style(element, "position", "absolute");
+    set_style(element, "left", px(pixels.Left));
+    set_style(element, "top", px(pixels.Top));
+    set_style(element, "width", px(pixels.Width));
+    set_style(element, "height", px(pixels.Height));
+}
+
+val prepare_canvas(val canvas, int width, int height, double ratio) {
+    const auto device_width = std::lround(width * ratio);
+    const auto device_height = std::lround(height * ratio);
+    canvas.set("width", device_width);
+    canvas.set("height", device_height);
+    val context = canvas.call<val>("getContext", std::string("2d"));
+    context.call<void>("setTransform", static_cast<double>(device_width) / width, 0, 0,
+                       static_cast<double>(device_height) / height, 0, 0);
+    return context;
+}
+
+}  // namespace form::web

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 Sanlian developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <emscripten/val.h>
+
+#include <string>
+
+#include "form/colour.h"
+#include "form/controls.h"
+
+// The few things the page does to its elements, over embind's handles to the page's objects.
+namespace form::web {
+
+using emscripten::val;
+
+// "#rrggbb", for a colour stored 0xBBGGRR.
+std::string css_colour(Colour colour);
+
+// A new element `tag`, with `id` unless it is empty, not yet in the document.
+val create(const char* tag, const std::string& id = {});
+// The same at the end of `parent`.
+val append(val parent, const char* tag, const std::string& id = {});
+
+// Places an absolutely positioned element at a rectangle in CSS pixels.
+void place(val element, const Bounds& pixels);
+
+void set_style(val element, const char* property, const std::string& value);
+
+// A canvas's backing store for a box of `width` x `height` CSS pixels at `ratio` device pixels to
+// a CSS pixel, and its context scaled to draw in CSS pixels. Setting the size clears it.
+val prepare_canvas(val canvas, int width, int height, double ratio);
+
+}  // namespace form::web
