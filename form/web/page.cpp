@@ -246,6 +246,7 @@ void Page::fit() {
     const double width = viewport["clientWidth"].as<double>();
     const double height = viewport["clientHeight"].as<double>();
     const double device_ratio = window["devicePixelRatio"].as<double>();
+    if (width <= 0) return;  // no viewport at all, for a moment of a screenshot
     const Bounds client =
         appearance::pixel_bounds({0, 0, layout::kClientWidth, layout::kClientHeight});
     // Uniformly, as a screen's scale would: the layout stays as it is.
