@@ -73,13 +73,13 @@ Form::Form(std::unique_ptr<RandomSource> random)
     Image2.Height.watch(changes_, Control::Image2);
 }
 
-template <typename Procedure>
-Changes Form::deliver(Procedure procedure) {
+template <typename... Args>
+Changes Form::deliver(void (Form::*procedure)(Args...), Args... args) {
     if (!accepts_events()) return {};
     std::bitset<layout::kCellCount> playable_before;
     for (int i = 0; i < layout::kCellCount; ++i)
         playable_before[static_cast<std::size_t>(i)] = playable(i);
-    procedure();
+    (this->*procedure)(args...);
     for (int i = 0; i < layout::kCellCount; ++i) {
         if (cell_playable(i) != playable_before[static_cast<std::size_t>(i)])
             changes_.mark(cell_control(i));
@@ -90,12 +90,12 @@ Changes Form::deliver(Procedure procedure) {
 Changes Form::load() {
     if (loaded_ || unloaded_) return {};
     loaded_ = true;
-    return deliver([this] { Form_Load(); });
+    return deliver(&Form::Form_Load);
 }
 
 Changes Form::click_cell(int index) {
     if (index < 0 || index >= layout::kCellCount) return {};
-    return deliver([this, index] { Picture1_Click(index); });
+    return deliver(&Form::Picture1_Click, index);
 }
 
 bool Form::cell_playable(int index) const {
@@ -103,24 +103,22 @@ bool Form::cell_playable(int index) const {
 }
 
 Changes Form::click(ButtonId button) {
-    return deliver([this, button] {
-        if (button == ButtonId::Command1 && Command1.Enabled) Command1_Click();
-        if (button == ButtonId::Command2 && Command2.Enabled) Command2_Click();
-    });
+    if (button == ButtonId::Command1)
+        return Command1.Enabled ? deliver(&Form::Command1_Click) : Changes();
+    return Command2.Enabled ? deliver(&Form::Command2_Click) : Changes();
 }
 
 Changes Form::tick(TimerId id) {
-    return deliver([this, id] {
-        if (!timer(id).Enabled) return;
-        switch (id) {
-            case TimerId::Timer1:
-                return Timer1_Timer();
-            case TimerId::Timer2:
-                return Timer2_Timer();
-            case TimerId::Timer3:
-                return Timer3_Timer();
-        }
-    });
+    if (!timer(id).Enabled) return {};
+    switch (id) {
+        case TimerId::Timer1:
+            return deliver(&Form::Timer1_Timer);
+        case TimerId::Timer2:
+            return deliver(&Form::Timer2_Timer);
+        case TimerId::Timer3:
+            break;
+    }
+    return deliver(&Form::Timer3_Timer);
 }
 
 const Timer& Form::timer(TimerId id) const {

@@ -91,9 +91,9 @@ protected:
 
 private:
     bool accepts_events() const { return loaded_ && !unloaded_; }
-    // Runs one event procedure and takes the marks it made.
-    template <typename Procedure>
-    Changes deliver(Procedure procedure);
+    // Runs one event procedure, if events are taken, and takes the marks it made.
+    template <typename... Args>
+    Changes deliver(void (Form::*procedure)(Args...), Args... args);
 
     Changes changes_;
     std::unique_ptr<RandomSource> random_;

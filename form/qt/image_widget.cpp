@@ -18,8 +18,6 @@ ImageWidget::ImageWidget(const Form& form, QWidget* parent) : QWidget(parent), f
 void ImageWidget::show_image() {
     const Image& image = form_.Image2;
     setGeometry(pixel_rect(image.bounds()));
-    // A picture covers the whole widget, so the form's ground under it need not be painted.
-    setAttribute(Qt::WA_OpaquePaintEvent, image.Picture->has_value());
     if (const qreal ratio = devicePixelRatioF(); ratio != prepared_ratio_) {
         prepared_ratio_ = ratio;
         prepared_ = {};
