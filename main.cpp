@@ -71,7 +71,7 @@ int main(int argc, char* argv[]) {
     // Docks and task switchers find the desktop entry, with its name and icon, by the
     // window's Wayland app id (the desktop file name) or its X11 WM_CLASS (whose class is
     // the application name): both are the entry's id.
-    const QString entry = QStringLiteral("io.github.sanlian.Sanlian");
+    const QString entry = QStringLiteral(SANLIAN_APP_ID);
     QGuiApplication::setDesktopFileName(entry);
     QCoreApplication::setApplicationName(entry);
     game::Form1 form;
@@ -87,8 +87,7 @@ int main(int argc, char* argv[]) {
     // installs scalable; this one is for those that read only the window's, and a 256-pixel
     // picture would hold a quarter of a megabyte for them.
     form::qt::after_first_frame(window, [] {
-        QApplication::setWindowIcon(
-            QIcon(QStringLiteral(":/icons/48x48/io.github.sanlian.Sanlian.png")));
+        QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/48x48/sanlian.png")));
     });
     return QApplication::exec();
 }

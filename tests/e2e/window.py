@@ -4,7 +4,7 @@
 # The built game in a real window, on an Xvfb and a D-Bus session with the accessibility bus of
 # its own: clicks by xdotool, controls read and pressed over AT-SPI, window properties by
 # python3-xlib. Reports itself skipped (status 77) when a tool it needs is missing.
-#   window.py GAME game               win by mouse, then lose and draw by the controls' press action
+#   window.py GAME game APP_ID        win by mouse, then lose and draw by the controls' press action
 #                                     alone; end with Exit, then the close box
 #   window.py GAME trace SRC BUILD    the same games under strace: no file written, and nothing
 #                                     opened in the source or build tree
@@ -132,11 +132,11 @@ def trace(program, source, build):
             assert not any(path.startswith(os.path.realpath(root) + "/") for root in (source, build)), line
 
 
-def game(program):
+def game(program, app_id):
     play_each_ending(first := Game(program))
     from Xlib import display  # WM_CLASS names the desktop entry, and _NET_WM_ICON holds its icon
     window = display.Display().create_resource_object("window", int(first.window))
-    assert window.get_wm_class()[1] == "io.github.sanlian.Sanlian", window.get_wm_class()
+    assert window.get_wm_class()[1] == app_id, window.get_wm_class()
     icon = window.get_full_property(window.display.get_atom("_NET_WM_ICON"), 0)
     assert icon and icon.value[:2].tolist() == [48, 48], icon  # the first of its sizes
     first.ends("Exit")
