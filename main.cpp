@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Sanlian developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include <QAccessibleObject>
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QIcon>
@@ -10,6 +11,7 @@
 
 #include "form/qt/after_first_frame.h"
 #include "form/qt/window.h"
+#include "form/speech.h"
 #include "game/form1.h"
 
 namespace {
@@ -50,6 +52,21 @@ void while_opening_display(QtMsgType type, const QMessageLogContext& context,
     }
 }
 
+// Assistive tools read the application by its accessible name, which Qt takes from
+// applicationName(); that stays the desktop entry's id, which X11's WM_CLASS and the Wayland
+// app id must carry. This one reads the display name instead.
+class NamedApplication final : public QAccessibleApplication {
+public:
+    QString text(QAccessible::Text t) const override {
+        return t == QAccessible::Name ? QGuiApplication::applicationDisplayName()
+                                      : QAccessibleApplication::text(t);
+    }
+};
+
+QAccessibleInterface* named_application(const QString&, QObject* object) {
+    return object == QCoreApplication::instance() ? new NamedApplication : nullptr;
+}
+
 }  // namespace
 
 // The program is the one form: it runs until the form unloads or its window is closed.
@@ -64,6 +81,11 @@ int main(int argc, char* argv[]) {
     options.addVersionOption();
     if (argc > 1) answer_on_terminal(options, argc, argv);
 
+    // The name people know the game by, which assistive tools read; a window title that ends
+    // with it, as the window's own does, shows unchanged. Set before QApplication, which may ask
+    // for the application's accessible interface as it starts.
+    QGuiApplication::setApplicationDisplayName(QString::fromUtf8(form::speech::kApplicationName));
+    QAccessible::installFactory(named_application);
     const QtMessageHandler previous = qInstallMessageHandler(while_opening_display);
     QApplication app(argc, argv);
     qInstallMessageHandler(previous);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "form/controls.h"
+#include "form/layout.h"
 
 // What the window tells assistive tools, beside what it shows: each control's name and what
 // it is for. It belongs with the layout, so that a backend shows these texts without knowing
@@ -17,6 +18,12 @@ inline constexpr const char* kCommand2Description = "退出游戏";
 inline constexpr const char* kLabel1Description = "谁先";
 inline constexpr const char* kLabel2Description = "结果";
 inline constexpr const char* kLabel3Description = "游戏规则";
+// Shape1 shows only its outline, around Label1's caption.
+inline constexpr const char* kShape1Name = "谁先的边框";
+// The banner reads as the words it writes.
+inline constexpr const char* kImage2Name = "三连棋局";
+// The application is read by the form's Caption, as its window's title reads.
+inline constexpr const char* kApplicationName = layout::kFormCaption;
 
 // Label1's name while the toss flickers: the captions it passes through are not the outcome,
 // so the outcome is told once, when Timer1 stops, instead of a hundred times a second.

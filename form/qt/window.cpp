@@ -114,11 +114,13 @@ Window::Window(Form& form, QWidget* parent) : QWidget(parent), form_(form) {
     // The outline lies over Label1's ground, and the caption shows through its inside.
     shape1_ = new ShapeWidget(this);
     shape1_->setObjectName(QStringLiteral("Shape1"));
+    shape1_->setAccessibleName(QString::fromUtf8(speech::kShape1Name));
     shape1_->setGeometry(pixel_rect(form_.Shape1.bounds));
     label2_ = make_label(form_.Label2, fonts_, "Label2", speech::kLabel2Description, this);
     label3_ = make_label(form_.Label3, fonts_, "Label3", speech::kLabel3Description, this);
     image2_ = new ImageWidget(this);
     image2_->setObjectName(QStringLiteral("Image2"));
+    image2_->setAccessibleName(QString::fromUtf8(speech::kImage2Name));
     image2_->setGeometry(pixel_rect(form_.Image2.bounds));
 
     for (std::size_t t = 0; t < kTimerIds.size(); ++t) {

@@ -41,9 +41,9 @@ class Game:
 
     def attach(self):  # the controls over AT-SPI: cells, buttons, captions
         import pyatspi
-        self.sensitive = pyatspi.STATE_SENSITIVE
+        self.sensitive, self.showing = pyatspi.STATE_SENSITIVE, pyatspi.STATE_SHOWING
         apps = pyatspi.Registry.getDesktop(0)
-        app = wait(lambda: next((a for a in apps if a and a.get_process_id() == self.pid and a.childCount), 0), "AT-SPI")
+        self.app = app = wait(lambda: next((a for a in apps if a and a.get_process_id() == self.pid and a.childCount), 0), "AT-SPI")
         roles = {}
         for child in app[0]:
             roles.setdefault(child.getRoleName(), []).append(child)
@@ -134,6 +134,9 @@ def trace(program, source, build):
 
 def game(program, app_id):
     play_each_ending(first := Game(program))
+    # The application reads as its window's title, and whatever shows something has a name.
+    unnamed = [c.getRoleName() for c in [first.app[0], *first.app[0]] if c.getState().contains(first.showing) and not c.name]
+    assert first.app.name == "三连棋局" and not unnamed, (first.app.name, unnamed)
     from Xlib import display  # WM_CLASS names the desktop entry, and _NET_WM_ICON holds its icon
     window = display.Display().create_resource_object("window", int(first.window))
     assert window.get_wm_class()[1] == app_id, window.get_wm_class()
