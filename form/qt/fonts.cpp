@@ -39,12 +39,12 @@ constexpr double kPointsPerInch = 72;
 }  // namespace
 
 FontBook::FontBook() {
+    // A platform that takes no application fonts (Qt's minimal one) leaves the texts to the
+    // system's faces: Qt falls back to them for a family it does not know.
     for (const auto& entry : kStandIns) {
         QFile file(QString::fromUtf8(entry.resource));
-        if (!file.open(QIODevice::ReadOnly) ||
-            QFontDatabase::addApplicationFontFromData(file.readAll()) < 0) {
-            qFatal("cannot load the compiled-in font %s", entry.resource);
-        }
+        if (file.open(QIODevice::ReadOnly))
+            QFontDatabase::addApplicationFontFromData(file.readAll());
     }
     // The list of families is read from fontconfig once for any text. hasFamily() would also
     // run fontconfig's substitution over every font on the machine for each name it is asked.

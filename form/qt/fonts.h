@@ -17,8 +17,8 @@ namespace form::qt {
 // the resolution of the screen.
 class FontBook {
 public:
-    // Registers the compiled-in fonts with the application, once per process. Needs a
-    // QGuiApplication.
+    // Registers the compiled-in fonts with the application, once per process, where the
+    // platform takes application fonts. Needs a QGuiApplication.
     FontBook();
 
     QFont font_for(const Font& font) const;

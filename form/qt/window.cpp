@@ -101,6 +101,7 @@ Window::Window(Form& form, QWidget* parent) : QWidget(parent), form_(form) {
         set_up_label(new QLabel(this), form_.Label3, fonts_, "Label3", texts::kLabel3Description);
     image2_ = new ImageWidget(form_, this);
     image2_->setObjectName(QStringLiteral("Image2"));
+    image2_->setAccessibleName(QString::fromUtf8(texts::kImage2Name));
 
     for (std::size_t t = 0; t < kTimerIds.size(); ++t) {
         auto* timer = new QTimer(this);
