@@ -13,8 +13,9 @@ namespace {
 
 const char* mark_name(const std::vector<Stroke>& strokes) {
     if (strokes.empty()) return "空";
-    const bool circle = std::ranges::any_of(
-        strokes, [](const Stroke& s) { return std::holds_alternative<CircleStroke>(s); });
+    const bool circle = std::any_of(strokes.begin(), strokes.end(), [](const Stroke& s) {
+        return std::holds_alternative<CircleStroke>(s);
+    });
     return circle ? "圆" : "叉";
 }
 
