@@ -2,14 +2,16 @@
 # SPDX-FileCopyrightText: 2026 Sanlian developers
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Installs the Debian packages that building, running or testing needs, if any are missing.
-# Usage: scripts/install-deps.sh run|test
+# Usage: scripts/install-deps.sh run|test|web
 # Safe to run again: it asks apt only when a package is not installed yet.
 set -euo pipefail
 
 build_packages=(cmake g++ make pkg-config qt6-base-dev libgl-dev)
 # run.sh configures the game alone, without tests and benchmarks.
 run_packages=("${build_packages[@]}")
-test_packages=("${build_packages[@]}" clang libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
+# The core as WebAssembly and its tests: GoogleTest is built from its sources for the target.
+web_packages=(cmake make emscripten googletest)
+test_packages=("${build_packages[@]}" "${web_packages[@]}" clang libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
     # packaging checks, the .deb test (lintian, hardening-check) and the file-access trace
     desktop-file-utils appstream dpkg-dev file lintian devscripts dbus-daemon strace python3
     # the startup benchmarks: first_frame's libraries, /usr/bin/time and callgrind
@@ -22,8 +24,14 @@ test_packages=("${build_packages[@]}" clang libgtest-dev libgmock-dev libbenchma
 case "${1:-}" in
     run) wanted=("${run_packages[@]}") ;;
     test) wanted=("${test_packages[@]}") ;;
-    *) echo "usage: $0 run|test" >&2; exit 2 ;;
+    web) wanted=("${web_packages[@]}") ;;
+    *) echo "usage: $0 run|test|web" >&2; exit 2 ;;
 esac
+# The WebAssembly tests run under Node. Any node will do: one from outside Debian may carry an
+# npm that conflicts with Debian's, so Debian's is asked for only when there is no node at all.
+if [[ $1 != run ]] && ! command -v node >/dev/null; then
+    wanted+=(nodejs)
+fi
 
 missing=()
 for package in "${wanted[@]}"; do
