@@ -33,9 +33,6 @@ const StandIn& stand_in_for(const char* face) {
     return kStandIns.front();
 }
 
-constexpr double kDesignDpi = 96;
-constexpr double kPointsPerInch = 72;
-
 }  // namespace
 
 FontBook::FontBook() {
@@ -55,20 +52,16 @@ FontBook::FontBook() {
     }
 }
 
-QString FontBook::stand_in_family(const char* face) {
-    return QString::fromUtf8(stand_in_for(face).family);
-}
-
 QFont FontBook::font_for(const Font& font) const {
     const QString face = QString::fromUtf8(font.face);
     // The stand-in stays behind a present face, so a character that face lacks still shows.
     QStringList families;
     if (faces_present_.contains(face)) families << face;
-    families << stand_in_family(font.face);
+    families << QString::fromUtf8(stand_in_for(font.face).family);
 
     QFont result;
     result.setFamilies(families);
-    result.setPixelSize(qRound(font.points * kDesignDpi / kPointsPerInch));
+    result.setPixelSize(qRound(font.points * 96 / 72));  // 72 points an inch, at 96 dpi
     result.setWeight(static_cast<QFont::Weight>(font.weight));
     // The compiled-in faces carry no hinting of their own, so FreeType's light hinting ran its
     // auto-hinter over every character before the first frame (about 15 M instructions, a

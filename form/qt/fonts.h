@@ -22,8 +22,6 @@ public:
     FontBook();
 
     QFont font_for(const Font& font) const;
-    // The compiled-in family that stands in for a face.
-    static QString stand_in_family(const char* face);
 
 private:
     QStringList faces_present_;  // the layout's faces that the machine has

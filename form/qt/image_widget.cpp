@@ -5,8 +5,6 @@
 
 #include <QPainter>
 
-#include <cmath>
-
 #include "form/qt/geometry.h"
 
 namespace form::qt {
@@ -25,10 +23,8 @@ void ImageWidget::show_image() {
     if (image.Picture->has_value()) {
         auto& prepared = prepared_.at(static_cast<std::size_t>(**image.Picture));
         if (!prepared) {
-            const QSize device_size(static_cast<int>(std::lround(width() * prepared_ratio_)),
-                                    static_cast<int>(std::lround(height() * prepared_ratio_)));
             prepared = prepare(form_.Image1.at(static_cast<std::size_t>(**image.Picture)),
-                               device_size, prepared_ratio_);
+                               (QSizeF(size()) * prepared_ratio_).toSize(), prepared_ratio_);
         }
     }
     update();
