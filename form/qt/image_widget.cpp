@@ -16,18 +16,17 @@ ImageWidget::ImageWidget(const Form& form, QWidget* parent) : QWidget(parent), f
 void ImageWidget::show_image() {
     const Image& image = form_.Image2;
     setGeometry(pixel_rect(image.bounds()));
+    update();
     if (const qreal ratio = devicePixelRatioF(); ratio != prepared_ratio_) {
         prepared_ratio_ = ratio;
         prepared_ = {};
     }
-    if (image.Picture->has_value()) {
-        auto& prepared = prepared_.at(static_cast<std::size_t>(**image.Picture));
-        if (!prepared) {
-            prepared = prepare(form_.Image1.at(static_cast<std::size_t>(**image.Picture)),
-                               (QSizeF(size()) * prepared_ratio_).toSize(), prepared_ratio_);
-        }
+    if (!image.Picture->has_value()) return;
+    const auto frame = static_cast<std::size_t>(**image.Picture);
+    if (!prepared_.at(frame)) {
+        prepared_[frame] = prepare(form_.Image1.at(frame),
+                                   (QSizeF(size()) * prepared_ratio_).toSize(), prepared_ratio_);
     }
-    update();
 }
 
 void ImageWidget::paintEvent(QPaintEvent*) {

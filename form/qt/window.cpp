@@ -124,7 +124,12 @@ Window::Window(Form& form, QWidget* parent) : QWidget(parent), form_(form) {
         timers_[t] = timer;
     }
 
-    set_tab_order();
+    // Keyboard focus follows TabIndex among the controls that can take it: cells and buttons.
+    std::map<int, QWidget*> order{{form_.Command1.TabIndex, command1_},
+                                  {form_.Command2.TabIndex, command2_}};
+    for (std::size_t i = 0; i < cells_.size(); ++i) order[form_.Picture1[i].TabIndex] = cells_[i];
+    for (auto it = order.begin(); std::next(it) != order.end(); ++it)
+        setTabOrder(it->second, std::next(it)->second);
     show_changed(Changes::all());
 }
 
@@ -162,15 +167,6 @@ void Window::show_changed(const Changes& changes) {
             enabled ? timers_[t]->start() : timers_[t]->stop();
     }
     if (changes[Control::Form] && form_.unloaded()) close();
-}
-
-// Keyboard focus follows TabIndex among the controls that can take it: cells and buttons.
-void Window::set_tab_order() {
-    std::map<int, QWidget*> order{{form_.Command1.TabIndex, command1_},
-                                  {form_.Command2.TabIndex, command2_}};
-    for (std::size_t i = 0; i < cells_.size(); ++i) order[form_.Picture1[i].TabIndex] = cells_[i];
-    for (auto it = order.begin(); std::next(it) != order.end(); ++it)
-        setTabOrder(it->second, std::next(it)->second);
 }
 
 }  // namespace form::qt
