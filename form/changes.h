@@ -45,7 +45,6 @@ public:
     void mark(Control control) { bits_.set(static_cast<std::size_t>(control)); }
     bool operator[](Control control) const { return bits_[static_cast<std::size_t>(control)]; }
     bool cell(int index) const { return (*this)[cell_control(index)]; }
-    bool none() const { return bits_.none(); }
 
 private:
     std::bitset<static_cast<std::size_t>(Control::Form) + 1> bits_;

@@ -12,6 +12,7 @@
 #include "form/layout.h"
 #include "form/picture.h"
 #include "form/random.h"
+#include "form/texts.h"
 
 namespace form {
 
@@ -32,23 +33,32 @@ class Form {
 public:
     explicit Form(std::unique_ptr<RandomSource> random);
     virtual ~Form() = default;
-    Form(const Form&) = delete;
-    Form& operator=(const Form&) = delete;
 
-    std::string Caption;
+    std::string Caption = texts::kFormCaption;
     std::array<PictureBox, layout::kCellCount> Picture1;
-    CommandButton Command1;
-    CommandButton Command2;
-    Label Label1;
-    Shape Shape1;
-    Label Label2;
-    Label Label3;
-    Timer Timer1;
-    Timer Timer2;
-    Timer Timer3;
+    CommandButton Command1{texts::kStartCaption, true, layout::kButtonFont, layout::kCommand1,
+                           layout::kCommand1TabIndex};
+    CommandButton Command2{texts::kExitCaption, true, layout::kButtonFont, layout::kCommand2,
+                           layout::kCommand2TabIndex};
+    Label Label1{{}, {}, Alignment::Centre, false, layout::kCaptionFont, layout::kLabel1};
+    Shape Shape1{{}, layout::kShape1};
+    Label Label2{{}, {}, Alignment::Centre, false, layout::kCaptionFont, layout::kLabel2};
+    Label Label3{std::string(texts::kRulesCaption),
+                 {},
+                 Alignment::Left,
+                 true,
+                 layout::kRulesFont,
+                 layout::kLabel3};
+    Timer Timer1{false, layout::kTossInterval};
+    Timer Timer2{false, layout::kBlinkInterval};
+    Timer Timer3{true, layout::kBannerInterval};
     // The banner's frames: hidden pictures that Image2 shows one at a time.
     std::array<Picture, layout::kBannerFrameCount> Image1;
-    Image Image2;
+    Image Image2{{},
+                 layout::kImage2.Left,
+                 layout::kImage2.Top,
+                 layout::kImage2.Width,
+                 layout::kImage2.Height};
 
     // Delivers Form_Load; only the first call does anything, and nothing else is delivered
     // before it.
@@ -67,7 +77,9 @@ public:
 
     // After Unload the form is gone: nothing more is delivered and the program should end.
     bool unloaded() const { return unloaded_; }
-    const Timer& timer(TimerId id) const;
+    const Timer& timer(TimerId id) const {
+        return *std::array{&Timer1, &Timer2, &Timer3}[static_cast<std::size_t>(id)];
+    }
 
 protected:
     void Unload() {
@@ -91,9 +103,9 @@ protected:
 
 private:
     bool accepts_events() const { return loaded_ && !unloaded_; }
-    // Runs one event procedure and takes the marks it made.
-    template <typename Procedure>
-    Changes deliver(Procedure procedure);
+    // Runs one event procedure, if events are taken, and takes the marks it made.
+    template <typename... Args>
+    Changes deliver(void (Form::*procedure)(Args...), Args... args);
 
     Changes changes_;
     std::unique_ptr<RandomSource> random_;

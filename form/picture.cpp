@@ -3,9 +3,6 @@
 
 #include "form/picture.h"
 
-#include <bit>
-#include <numeric>
-
 namespace form {
 
 Picture::Picture(int width, int height, Colour ground, Colour ink)
@@ -23,11 +20,6 @@ bool Picture::is_ink(int x, int y) const {
 void Picture::set_ink(int x, int y) {
     auto& byte = bits_[static_cast<std::size_t>(y * bytes_per_row() + x / 8)];
     byte = static_cast<std::uint8_t>(byte | (0x80U >> (x % 8)));
-}
-
-int Picture::ink_count() const {
-    return std::accumulate(bits_.begin(), bits_.end(), 0,
-                           [](int sum, std::uint8_t byte) { return sum + std::popcount(byte); });
 }
 
 Picture Picture::drawn_finer(int width, int height) const {

@@ -28,7 +28,6 @@ public:
     // 0 <= x < width(); 0 <= y < height()
     bool is_ink(int x, int y) const;
     void set_ink(int x, int y);
-    int ink_count() const;
 
     const std::vector<std::uint8_t>& bits() const { return bits_; }
 

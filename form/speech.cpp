@@ -3,7 +3,6 @@
 
 #include "form/speech.h"
 
-#include <algorithm>
 #include <string_view>
 #include <variant>
 
@@ -13,12 +12,11 @@ namespace form::speech {
 
 namespace {
 
+// A cell holds one circle, two lines of a cross, or nothing.
 const char* mark_name(const std::vector<Stroke>& strokes) {
     if (strokes.empty()) return texts::kEmptyName;
-    const bool circle = std::any_of(strokes.begin(), strokes.end(), [](const Stroke& s) {
-        return std::holds_alternative<CircleStroke>(s);
-    });
-    return circle ? texts::kCircleName : texts::kCrossName;
+    return std::holds_alternative<CircleStroke>(strokes.front()) ? texts::kCircleName
+                                                                 : texts::kCrossName;
 }
 
 }  // namespace

@@ -31,6 +31,9 @@ inline constexpr const char* kLabel1Description = "谁先";
 inline constexpr const char* kLabel2Description = "结果";
 inline constexpr const char* kLabel3Description = "游戏规则";
 
+// The banner reads as the words it writes.
+inline constexpr const char* kImage2Name = "三连棋局";
+
 // Label1's name while the toss flickers: the captions it passes through are not the outcome,
 // so the outcome is told once, when Timer1 stops, instead of a hundred times a second.
 inline constexpr const char* kTossRunning = "正在决定谁先";

@@ -11,23 +11,15 @@ namespace game {
 namespace {
 
 // For every cell but the centre, the two other cells of each line through it, in the order
-// they are tested. The rows stand in scan order; the centre is always taken from the third
-// move on, so it is never scanned.
-struct LinesThrough {
-    std::uint8_t cell;
-    std::uint8_t pair_count;
-    std::array<std::array<std::uint8_t, 2>, 3> pairs;
+// they are tested: the cells in scan order, and for each its line through the centre first.
+// The centre is always taken from the third move on, so it is never scanned.
+struct LineThrough {
+    std::uint8_t cell, a, b;
 };
-
-constexpr std::array<LinesThrough, 8> kScan{{
-    {0, 3, {{{8, 4}, {1, 2}, {3, 6}}}},
-    {1, 2, {{{7, 4}, {0, 2}, {}}}},
-    {2, 3, {{{6, 4}, {0, 1}, {5, 8}}}},
-    {3, 2, {{{5, 4}, {0, 6}, {}}}},
-    {5, 2, {{{3, 4}, {2, 8}, {}}}},
-    {6, 3, {{{2, 4}, {0, 3}, {7, 8}}}},
-    {7, 2, {{{1, 4}, {6, 8}, {}}}},
-    {8, 3, {{{0, 4}, {6, 7}, {2, 5}}}},
+constexpr std::array<LineThrough, 20> kScan{{
+    {0, 8, 4}, {0, 1, 2}, {0, 3, 6}, {1, 7, 4}, {1, 0, 2}, {2, 6, 4}, {2, 0, 1},
+    {2, 5, 8}, {3, 5, 4}, {3, 0, 6}, {5, 3, 4}, {5, 2, 8}, {6, 2, 4}, {6, 0, 3},
+    {6, 7, 8}, {7, 1, 4}, {7, 6, 8}, {8, 0, 4}, {8, 6, 7}, {8, 2, 5},
 }};
 
 constexpr int kCentre = 4;
@@ -57,16 +49,11 @@ void Form1::compu_select() {
     if (move_no > 2) {
         // An own line ends the scan, so the lowest such cell wins. A block does not: a later
         // block overwrites an earlier one, so the highest blocking cell is played.
-        bool own_line = false;
-        for (const auto& row : kScan) {
-            if (own_line) break;
-            if (mark_at(row.cell) != 0) continue;
-            for (int p = 0; p < row.pair_count && !own_line; ++p) {
-                const auto& [a, b] = row.pairs[static_cast<std::size_t>(p)];
-                if (mark_at(a) == 0 || Picture1[a].Tag != Picture1[b].Tag) continue;
-                sel = row.cell;
-                own_line = mark_at(a) == mark;
-            }
+        for (const auto& [cell, a, b] : kScan) {
+            if (mark_at(cell) != 0 || mark_at(a) == 0 || Picture1[a].Tag != Picture1[b].Tag)
+                continue;
+            sel = cell;
+            if (mark_at(a) == mark) break;
         }
     }
 

@@ -12,18 +12,17 @@ namespace game {
 
 namespace {
 
-// The eight lines in testing order, grouped by an anchor cell that every line of its group
-// passes through. A group whose anchor is empty cannot hold a line and is skipped.
-struct LineGroup {
-    std::uint8_t anchor;
-    std::uint8_t line_count;
-    std::array<std::array<std::uint8_t, 3>, 3> lines;
-};
-
-constexpr std::array<LineGroup, 3> kLineGroups{{
-    {0, 3, {{{0, 1, 2}, {0, 3, 6}, {0, 4, 8}}}},
-    {4, 3, {{{1, 4, 7}, {2, 4, 6}, {3, 4, 5}}}},
-    {8, 2, {{{2, 5, 8}, {6, 7, 8}, {}}}},
+// The eight lines in testing order: the three through cell 0, the three through the centre,
+// the two through cell 8.
+constexpr std::array<std::array<std::uint8_t, 3>, 8> kLines{{
+    {0, 1, 2},
+    {0, 3, 6},
+    {0, 4, 8},
+    {1, 4, 7},
+    {2, 4, 6},
+    {3, 4, 5},
+    {2, 5, 8},
+    {6, 7, 8},
 }};
 
 }  // namespace
@@ -31,16 +30,9 @@ constexpr std::array<LineGroup, 3> kLineGroups{{
 // Does not stop at a hit: every complete line is announced, and the last one found is the one
 // that blinks. Called by draw_ox before move_no moves on.
 void Form1::check_win() {
-    for (const auto& group : kLineGroups) {
-        if (mark_at(group.anchor) == 0) continue;
-        const auto& anchor_tag = Picture1[group.anchor].Tag;
-        for (std::size_t l = 0; l < group.line_count; ++l) {
-            const auto [a, b, c] = group.lines[l];
-            if (Picture1[a].Tag == anchor_tag && Picture1[b].Tag == anchor_tag &&
-                Picture1[c].Tag == anchor_tag) {
-                show_win(a, b, c);
-            }
-        }
+    for (const auto& [a, b, c] : kLines) {
+        const auto& tag = Picture1[a].Tag;
+        if (mark_at(a) != 0 && Picture1[b].Tag == tag && Picture1[c].Tag == tag) show_win(a, b, c);
     }
     if (game_over) {
         // Closes the board: no cell reads as empty any more, so clicks find nothing to play.

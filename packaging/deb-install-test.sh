@@ -78,7 +78,7 @@ mapfile -t pulled_in < <(apt-get install -s "${apt_options[@]}" "$deb" |
 ours=true
 DEBIAN_FRONTEND=noninteractive run apt-get install "${apt_options[@]}" "$deb"
 # The installed game plays a game of each ending and ends, in the real-window tests' harness.
-/usr/bin/python3 "$(dirname "$0")/../tests/e2e/window.py" /usr/games/sanlian game ||
+/usr/bin/python3 "$(dirname "$0")/../tests/e2e/window.py" /usr/games/sanlian game "$app_id" ||
     fail "the installed game did not play and close"
 ((failures == 0)) && echo "package is reproducible, lintian-clean, hardened; installs, runs, closes"
 exit $((failures > 0))

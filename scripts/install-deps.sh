@@ -9,9 +9,10 @@ set -euo pipefail
 build_packages=(cmake g++ make pkg-config qt6-base-dev libgl-dev)
 # run.sh configures the game alone, without tests and benchmarks.
 run_packages=("${build_packages[@]}")
-# The page: the program as WebAssembly, its fonts as WOFF2 and its source archive.
-web_packages=(cmake make emscripten python3-fonttools python3-brotli git)
-test_packages=("${build_packages[@]}" clang libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
+# The core as WebAssembly and its tests: GoogleTest is built from its sources for the target. The
+# page: its fonts as WOFF2 and its source archive.
+web_packages=(cmake make emscripten googletest python3-fonttools python3-brotli git)
+test_packages=("${build_packages[@]}" "${web_packages[@]}" chromium clang libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool
     # packaging checks, the .deb test (lintian, hardening-check) and the file-access trace
     desktop-file-utils appstream dpkg-dev file lintian devscripts dbus-daemon strace python3
     # the startup benchmarks: first_frame's libraries, /usr/bin/time and callgrind
@@ -23,10 +24,19 @@ test_packages=("${build_packages[@]}" clang libgtest-dev libgmock-dev libbenchma
 
 case "${1:-}" in
     run) wanted=("${run_packages[@]}") ;;
-    test) wanted=("${test_packages[@]}" "${web_packages[@]}") ;;
+    test) wanted=("${test_packages[@]}") ;;
     web) wanted=("${web_packages[@]}") ;;
     *) echo "usage: $0 run|test|web" >&2; exit 2 ;;
 esac
+# The WebAssembly tests run under Node. Any node will do: one from outside Debian may carry an
+# npm that conflicts with Debian's, so Debian's is asked for only when there is no node at all.
+if [[ $1 != run ]] && ! command -v node >/dev/null; then
+    wanted+=(nodejs)
+fi
+# The page tests install puppeteer-core with npm, which a Node from outside Debian carries.
+if [[ $1 == test ]] && ! command -v npm >/dev/null; then
+    wanted+=(npm)
+fi
 
 missing=()
 for package in "${wanted[@]}"; do

@@ -8,7 +8,6 @@
 #include <QPainter>
 #include <QStyleOption>
 
-#include <type_traits>
 #include <variant>
 
 #include "form/appearance.h"
@@ -21,19 +20,19 @@ namespace {
 
 constexpr int kBorder = layout::kCellBorderPixels;
 
-// The cell's border, a ring of one pixel for each shade. Qt's qDrawWinPanel draws the same
-// shades, but on Qt 6.4 each ring only one device pixel wide above a device pixel ratio of 1.
-void draw_sunken_border(QPainter& painter, const QRect& rect) {
-    const auto ring = [&](int inset, Colour top_left, Colour bottom_right) {
-        const QRect r = rect.adjusted(inset, inset, -inset, -inset);
-        painter.fillRect(r.left(), r.top(), r.width(), 1, to_qcolor(top_left));
-        painter.fillRect(r.left(), r.top(), 1, r.height(), to_qcolor(top_left));
-        painter.fillRect(r.left(), r.bottom(), r.width(), 1, to_qcolor(bottom_right));
-        painter.fillRect(r.right(), r.top(), 1, r.height(), to_qcolor(bottom_right));
-    };
+// The cell's ground inside its border, a ring of one pixel for each shade. Each ring is its
+// bottom right shade over the whole, then its top left shade over all but the last row and
+// column. Qt's qDrawWinPanel draws the same shades, but on Qt 6.4 each ring only one device
+// pixel wide above a device pixel ratio of 1.
+void draw_panel(QPainter& painter, const QRect& rect) {
     const auto& bevel = appearance::kCellBevel;
-    ring(0, bevel.outer_top_left, bevel.outer_bottom_right);
-    ring(1, bevel.inner_top_left, bevel.inner_bottom_right);
+    const std::pair<QRect, Colour> layers[] = {
+        {rect, bevel.outer_bottom_right},
+        {rect.adjusted(0, 0, -1, -1), bevel.outer_top_left},
+        {rect.adjusted(1, 1, -1, -1), bevel.inner_bottom_right},
+        {rect.adjusted(1, 1, -2, -2), bevel.inner_top_left},
+        {rect.adjusted(kBorder, kBorder, -kBorder, -kBorder), appearance::kCellBackground}};
+    for (const auto& [r, colour] : layers) painter.fillRect(r, to_qcolor(colour));
 }
 
 // The cell's strokes, in twips of its inner area, clipped to it.
@@ -50,16 +49,13 @@ void draw_strokes(QPainter& painter, const QRect& inner, const PictureBox& cell)
                     Qt::RoundCap, Qt::RoundJoin);
     };
     for (const auto& stroke : cell.strokes()) {
-        std::visit(
-            [&](const auto& s) {
-                painter.setPen(pen(s.colour));
-                if constexpr (std::is_same_v<std::decay_t<decltype(s)>, CircleStroke>) {
-                    painter.drawEllipse(QPointF(s.x, s.y), s.radius, s.radius);
-                } else {
-                    painter.drawLine(QPointF(s.x1, s.y1), QPointF(s.x2, s.y2));
-                }
-            },
-            stroke);
+        if (const auto* c = std::get_if<CircleStroke>(&stroke)) {
+            painter.setPen(pen(c->colour));
+            painter.drawEllipse(QPointF(c->x, c->y), c->radius, c->radius);
+        } else if (const auto* l = std::get_if<LineStroke>(&stroke)) {
+            painter.setPen(pen(l->colour));
+            painter.drawLine(QPointF(l->x1, l->y1), QPointF(l->x2, l->y2));
+        }
     }
     painter.restore();
 }
@@ -122,9 +118,8 @@ CellWidget::CellWidget(const Form& form, int index, QWidget* parent)
 // Border and ground, the strokes, then the focus mark over them.
 void CellWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    draw_sunken_border(painter, rect());
+    draw_panel(painter, rect());
     const QRect inner = rect().adjusted(kBorder, kBorder, -kBorder, -kBorder);
-    painter.fillRect(inner, to_qcolor(appearance::kCellBackground));
     draw_strokes(painter, inner, form_.Picture1[static_cast<std::size_t>(index_)]);
     // Shown on the same condition as a button's focus: the focus came from the keyboard.
     QStyleOption option;

@@ -23,12 +23,12 @@ QString text(std::string_view utf8) {
 }  // namespace
 
 FontBook::FontBook() {
+    // A platform that takes no application fonts (Qt's minimal one) leaves the texts to the
+    // system's faces: Qt falls back to them for a family it does not know.
     for (const auto& entry : fonts::kStandIns) {
         QFile file(QStringLiteral(":/fonts/") + text(entry.file));
-        if (!file.open(QIODevice::ReadOnly) ||
-            QFontDatabase::addApplicationFontFromData(file.readAll()) < 0) {
-            qFatal("cannot load the compiled-in font %s", qPrintable(file.fileName()));
-        }
+        if (file.open(QIODevice::ReadOnly))
+            QFontDatabase::addApplicationFontFromData(file.readAll());
     }
     // The list of families is read from fontconfig once for any text. hasFamily() would also
     // run fontconfig's substitution over every font on the machine for each name it is asked.
@@ -39,16 +39,12 @@ FontBook::FontBook() {
     }
 }
 
-QString FontBook::stand_in_family(const char* face) {
-    return text(fonts::stand_in_for(face).family);
-}
-
 QFont FontBook::font_for(const Font& font) const {
     const QString face = QString::fromUtf8(font.face);
     // The stand-in stays behind a present face, so a character that face lacks still shows.
     QStringList families;
     if (faces_present_.contains(face)) families << face;
-    families << stand_in_family(font.face);
+    families << text(fonts::stand_in_for(font.face).family);
 
     QFont result;
     result.setFamilies(families);

@@ -17,13 +17,11 @@ namespace form::qt {
 // the resolution of the screen.
 class FontBook {
 public:
-    // Registers the compiled-in fonts with the application, once per process. Needs a
-    // QGuiApplication.
+    // Registers the compiled-in fonts with the application, once per process, where the
+    // platform takes application fonts. Needs a QGuiApplication.
     FontBook();
 
     QFont font_for(const Font& font) const;
-    // The compiled-in family that stands in for a face.
-    static QString stand_in_family(const char* face);
 
 private:
     QStringList faces_present_;  // the layout's faces that the machine has

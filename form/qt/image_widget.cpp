@@ -5,8 +5,6 @@
 
 #include <QPainter>
 
-#include <cmath>
-
 #include "form/qt/geometry.h"
 
 namespace form::qt {
@@ -18,22 +16,17 @@ ImageWidget::ImageWidget(const Form& form, QWidget* parent) : QWidget(parent), f
 void ImageWidget::show_image() {
     const Image& image = form_.Image2;
     setGeometry(pixel_rect(image.bounds()));
-    // A picture covers the whole widget, so the form's ground under it need not be painted.
-    setAttribute(Qt::WA_OpaquePaintEvent, image.Picture->has_value());
+    update();
     if (const qreal ratio = devicePixelRatioF(); ratio != prepared_ratio_) {
         prepared_ratio_ = ratio;
         prepared_ = {};
     }
-    if (image.Picture->has_value()) {
-        auto& prepared = prepared_.at(static_cast<std::size_t>(**image.Picture));
-        if (!prepared) {
-            const QSize device_size(static_cast<int>(std::lround(width() * prepared_ratio_)),
-                                    static_cast<int>(std::lround(height() * prepared_ratio_)));
-            prepared = prepare(form_.Image1.at(static_cast<std::size_t>(**image.Picture)),
-                               device_size, prepared_ratio_);
-        }
+    if (!image.Picture->has_value()) return;
+    const auto frame = static_cast<std::size_t>(**image.Picture);
+    if (!prepared_.at(frame)) {
+        prepared_[frame] = prepare(form_.Image1.at(frame),
+                                   (QSizeF(size()) * prepared_ratio_).toSize(), prepared_ratio_);
     }
-    update();
 }
 
 void ImageWidget::paintEvent(QPaintEvent*) {

@@ -26,7 +26,7 @@ QImage to_image(const Picture& picture) {
 }
 
 PreparedPicture prepare(const Picture& picture, QSize device_size, qreal device_pixel_ratio) {
-    PreparedPicture prepared{device_size, to_qcolor(picture.ground()), {}, {}};
+    PreparedPicture prepared;
     if (device_size.isEmpty()) return prepared;
 
     // On a screen with more pixels than the layout's, a picture with a finer drawing of its ink
@@ -40,7 +40,7 @@ PreparedPicture prepare(const Picture& picture, QSize device_size, qreal device_
             to_image(finer ? picture.drawn_finer(device_size.width(), device_size.height())
                            : picture));
     }
-    const QRgb ground = prepared.ground.rgb();
+    const QRgb ground = to_qcolor(picture.ground()).rgb();
     QRect box;
     for (int y = 0; y < whole.height(); ++y) {
         const auto* row = reinterpret_cast<const QRgb*>(whole.constScanLine(y));
@@ -60,7 +60,6 @@ PreparedPicture prepare(const Picture& picture, QSize device_size, qreal device_
 }
 
 void PreparedPicture::paint(QPainter& painter, const QRect& target) const {
-    painter.fillRect(target, ground);
     if (ink.isNull()) return;
     const qreal ratio = ink.devicePixelRatio();
     painter.drawImage(QPointF(target.topLeft()) + QPointF(ink_at) / ratio, ink);

@@ -18,19 +18,18 @@ namespace form::qt {
 // The picture as an image of two indexed colours, ground and ink, at its own size.
 QImage to_image(const Picture& picture);
 
-// A picture stretched to a size in device pixels, pixel by pixel as a bitmap stretches (or,
-// at a device pixel ratio above 1, drawn from its finer ink where it has one), in a form that
-// paints without conversion: the ground as one colour, and the box around the ink
-// as a 32-bit image in the backing store's format, which the raster engine copies row by
-// row. The ink's box is about a third of a banner frame, so the 93 frames take 1.7 MB at
-// a device pixel ratio of 1 instead of 5.3 (6.7 MB instead of 21 at a ratio of 2).
+// The ink of a picture stretched to a size in device pixels, pixel by pixel as a bitmap
+// stretches (or, at a device pixel ratio above 1, drawn from its finer ink where it has one):
+// the box around the ink as a 32-bit image in the backing store's format, which the raster
+// engine copies row by row. The ink's box is about a third of a banner frame, so the 93 frames
+// take 1.7 MB at a device pixel ratio of 1 instead of 5.3 (6.7 MB instead of 21 at a ratio of
+// 2). The ground is left to whatever lies beneath, which must be of the picture's ground.
 struct PreparedPicture {
-    QSize size;  // device pixels
-    QColor ground;
     QImage ink;     // null when the picture has no ink; carries the device pixel ratio
     QPoint ink_at;  // device pixels from the top left corner
 
-    // Fills target, in the painter's logical pixels, as the picture stretched to it.
+    // Draws the ink within target, in the painter's logical pixels, as the picture stretched to
+    // it.
     void paint(QPainter& painter, const QRect& target) const;
 };
 

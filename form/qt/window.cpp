@@ -8,25 +8,20 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include <algorithm>
-#include <utility>
-#include <vector>
+#include <iterator>
+#include <map>
 
 #include "form/appearance.h"
 #include "form/qt/cell_widget.h"
 #include "form/qt/framed_label.h"
 #include "form/qt/geometry.h"
 #include "form/qt/image_widget.h"
-#include "form/qt/palette.h"
 #include "form/speech.h"
 #include "form/texts.h"
 
 namespace form::qt {
 
 namespace {
-
-constexpr std::array<TimerId, 3> kTimerIds{TimerId::Timer1, TimerId::Timer2, TimerId::Timer3};
-constexpr std::array<Control, 3> kTimerControls{Control::Timer1, Control::Timer2, Control::Timer3};
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
@@ -71,6 +66,23 @@ QPushButton* make_button(const CommandButton& model, const FontBook& fonts, cons
     return button;
 }
 
+// Every colour the window shows, whatever the desktop's palette: a silver form and button
+// faces with black text, so the captions read the same on a light, dark or high-contrast
+// desktop. A disabled control's text is grey, fainter than black but still legible.
+QPalette form_palette() {
+    const QColor ground = to_qcolor(appearance::kFormBackground);
+    // Derives the bevel shades from the face and sets every role in every group, so no role
+    // is left to the desktop's palette.
+    QPalette palette(ground, ground);
+    for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+        palette.setColor(role, to_qcolor(appearance::kDefaultForeColor));
+        palette.setColor(QPalette::Disabled, role, to_qcolor(appearance::kDisabledText));
+    }
+    palette.setColor(QPalette::Base, to_qcolor(kWhite));
+    palette.setColor(QPalette::BrightText, to_qcolor(kWhite));
+    return palette;
+}
+
 }  // namespace
 
 Window::Window(Form& form, QWidget* parent) : QWidget(parent), form_(form) {
@@ -101,17 +113,23 @@ Window::Window(Form& form, QWidget* parent) : QWidget(parent), form_(form) {
         set_up_label(new QLabel(this), form_.Label3, fonts_, "Label3", texts::kLabel3Description);
     image2_ = new ImageWidget(form_, this);
     image2_->setObjectName(QStringLiteral("Image2"));
+    image2_->setAccessibleName(QString::fromUtf8(texts::kImage2Name));
 
-    for (std::size_t t = 0; t < kTimerIds.size(); ++t) {
+    for (std::size_t t = 0; t < timers_.size(); ++t) {
         auto* timer = new QTimer(this);
-        const TimerId id = kTimerIds[t];
+        const auto id = static_cast<TimerId>(t);
         timer->setObjectName(QStringLiteral("Timer%1").arg(t + 1));
         timer->setInterval(form_.timer(id).Interval);
         connect(timer, &QTimer::timeout, this, [this, id] { show_changed(form_.tick(id)); });
         timers_[t] = timer;
     }
 
-    set_tab_order();
+    // Keyboard focus follows TabIndex among the controls that can take it: cells and buttons.
+    std::map<int, QWidget*> order{{form_.Command1.TabIndex, command1_},
+                                  {form_.Command2.TabIndex, command2_}};
+    for (std::size_t i = 0; i < cells_.size(); ++i) order[form_.Picture1[i].TabIndex] = cells_[i];
+    for (auto it = order.begin(); std::next(it) != order.end(); ++it)
+        setTabOrder(it->second, std::next(it)->second);
     show_changed(Changes::all());
 }
 
@@ -142,27 +160,13 @@ void Window::show_changed(const Changes& changes) {
     }
     if (changes[Control::Shape1]) label1_->update();
     if (changes[Control::Image2]) image2_->show_image();
-    for (std::size_t t = 0; t < kTimerIds.size(); ++t) {
-        QTimer& timer = *timers_[t];
-        if (changes[kTimerControls[t]] && form_.timer(kTimerIds[t]).Enabled != timer.isActive())
-            form_.timer(kTimerIds[t]).Enabled ? timer.start() : timer.stop();
+    for (std::size_t t = 0; t < timers_.size(); ++t) {
+        const bool enabled = form_.timer(static_cast<TimerId>(t)).Enabled;
+        const auto control = static_cast<Control>(static_cast<std::size_t>(Control::Timer1) + t);
+        if (changes[control] && enabled != timers_[t]->isActive())
+            enabled ? timers_[t]->start() : timers_[t]->stop();
     }
     if (changes[Control::Form] && form_.unloaded()) close();
-}
-
-// Keyboard focus follows TabIndex among the controls that can take it: cells and buttons.
-void Window::set_tab_order() {
-    std::vector<std::pair<int, QWidget*>> order;
-    for (int i = 0; i < layout::kCellCount; ++i) {
-        order.emplace_back(form_.Picture1[static_cast<std::size_t>(i)].TabIndex,
-                           cells_[static_cast<std::size_t>(i)]);
-    }
-    order.emplace_back(form_.Command1.TabIndex, command1_);
-    order.emplace_back(form_.Command2.TabIndex, command2_);
-    std::ranges::sort(order, {}, &std::pair<int, QWidget*>::first);
-    for (std::size_t i = 1; i < order.size(); ++i) {
-        setTabOrder(order[i - 1].second, order[i].second);
-    }
 }
 
 }  // namespace form::qt

@@ -41,8 +41,6 @@ public:
     void show_changed(const Changes& changes);
 
 private:
-    void set_tab_order();
-
     Form& form_;
     FontBook fonts_;
     std::array<CellWidget*, layout::kCellCount> cells_{};

@@ -4,7 +4,7 @@
 # The built game in a real window, on an Xvfb and a D-Bus session with the accessibility bus of
 # its own: clicks by xdotool, controls read and pressed over AT-SPI, window properties by
 # python3-xlib. Reports itself skipped (status 77) when a tool it needs is missing.
-#   window.py GAME game               win by mouse, then lose and draw by the controls' press action
+#   window.py GAME game APP_ID        win by mouse, then lose and draw by the controls' press action
 #                                     alone; end with Exit, then the close box
 #   window.py GAME trace SRC BUILD    the same games under strace: no file written, and nothing
 #                                     opened in the source or build tree
@@ -41,9 +41,9 @@ class Game:
 
     def attach(self):  # the controls over AT-SPI: cells, buttons, captions
         import pyatspi
-        self.sensitive = pyatspi.STATE_SENSITIVE
+        self.sensitive, self.showing = pyatspi.STATE_SENSITIVE, pyatspi.STATE_SHOWING
         apps = pyatspi.Registry.getDesktop(0)
-        app = wait(lambda: next((a for a in apps if a and a.get_process_id() == self.pid and a.childCount), 0), "AT-SPI")
+        self.app = app = wait(lambda: next((a for a in apps if a and a.get_process_id() == self.pid and a.childCount), 0), "AT-SPI")
         roles = {}
         for child in app[0]:
             roles.setdefault(child.getRoleName(), []).append(child)
@@ -132,11 +132,14 @@ def trace(program, source, build):
             assert not any(path.startswith(os.path.realpath(root) + "/") for root in (source, build)), line
 
 
-def game(program):
+def game(program, app_id):
     play_each_ending(first := Game(program))
+    # The application reads as its window's title, and whatever shows something has a name.
+    unnamed = [c.getRoleName() for c in [first.app[0], *first.app[0]] if c.getState().contains(first.showing) and not c.name]
+    assert first.app.name == "三连棋局" and not unnamed, (first.app.name, unnamed)
     from Xlib import display  # WM_CLASS names the desktop entry, and _NET_WM_ICON holds its icon
     window = display.Display().create_resource_object("window", int(first.window))
-    assert window.get_wm_class()[1] == "io.github.sanlian.Sanlian", window.get_wm_class()
+    assert window.get_wm_class()[1] == app_id, window.get_wm_class()
     icon = window.get_full_property(window.display.get_atom("_NET_WM_ICON"), 0)
     assert icon and icon.value[:2].tolist() == [48, 48], icon  # the first of its sizes
     first.ends("Exit")

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include <QScreen>
-#include <QTimer>
 #include <QTest>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -15,14 +15,19 @@
 
 namespace {
 
-// A form that writes down the events reaching it; Exit unloads, Timer2 blinks cell 0.
+// A form that writes down the events reaching it; a click on a cell draws a circle on it, or on
+// an odd cell a cross; Exit unloads, Timer2 blinks cell 0.
 struct Recorder final : form::Form {
     QStringList events;
+    form::MarkPen pen;
     Recorder() : Form(std::make_unique<lockstep::Planned>()) {}
     void Form_Load() override {}
     void Command1_Click() override { events << "Start"; }
     void Command2_Click() override { events << "Exit", Unload(); }
-    void Picture1_Click(int index) override { events << QString::number(index); }
+    void Picture1_Click(int index) override {
+        events << QString::number(index);
+        index % 2 ? pen.draw_cross(Picture1.at(index)) : pen.draw_circle(Picture1.at(index));
+    }
     void Timer1_Timer() override {}
     void Timer2_Timer() override { Picture1[0].Visible = !Picture1[0].Visible; }
     void Timer3_Timer() override {}
@@ -141,16 +146,16 @@ private slots:
     }
 
     // A white circle and a black cross on a teal ground, with a pen 10 pixels wide, where their
-    // twips put them inside the cell's border of 2 pixels, at (32, 32) and (112, 32); a hidden
-    // cell is gone; the outline takes its colour, and its corner is rounded off.
+    // twips put them inside the cell's border of 2 pixels, at (32, 32) and (112, 32), drawn by
+    // clicks and shown by what the clicks changed; a hidden cell is gone; the outline takes its
+    // colour, and its corner is rounded off.
     void marksReachTheScreen() {
         Shown<Recorder> s;
-        form::MarkPen pen;
-        pen.draw_circle(s.form.Picture1[0]);
-        pen.draw_cross(s.form.Picture1[1]);
         s.form.Picture1[2].Visible = false;
         s.form.Shape1.BorderColor = 0xFF0000;
         s.sync();
+        s.sync(s.form.click_cell(0));
+        s.sync(s.form.click_cell(1));
         const QColor teal(0, 0x80, 0x80), white(Qt::white), black(Qt::black);
         const QColor silver(0xC0C0C0), blue(Qt::blue);
         // The ring's centre line at 36.5 +- 27.8, the cross from 8.7 to 64.3 on both axes.
@@ -238,7 +243,9 @@ private slots:
             // ink pixels more than the one before, all inside columns 14 to 216 and rows 33 to
             // 84, 2685 at the end.
             const form::Picture& picture = s.form.Image1[frame];
-            const int added = picture.ink_count() - std::exchange(ink, picture.ink_count());
+            int now = 0;
+            for (int i = 0; i < 225 * 97; ++i) now += picture.is_ink(i % 225, i / 225);
+            const int added = now - std::exchange(ink, now);
             const QString name = QString("frame %1").arg(frame);
             QCOMPARE(std::tuple(frame, picture.width(), picture.height(), picture.ground(),
                                 picture.ink(), frame ? std::clamp(added, 6, 58) : 0),
