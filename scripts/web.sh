@@ -25,11 +25,12 @@ done
 scripts/install-deps.sh web
 # em++ runs Debian's acorn under Node, and a Node from outside Debian does not look for it there.
 export NODE_PATH=${NODE_PATH:+$NODE_PATH:}/usr/share/nodejs
-# The tests stay as an earlier configure left them; a first one builds the site alone.
-tests=()
-[[ -f build-web/CMakeCache.txt ]] || tests=(-DSANLIAN_TESTS=OFF)
-emcmake cmake -S . -B build-web -DCMAKE_BUILD_TYPE=Release -DSANLIAN_GUI=OFF -DSANLIAN_BENCH=OFF \
-    "${tests[@]}" >/dev/null
+# The build type and the tests stay as scripts/test-web.sh may have left them in the same
+# directory; a first configure builds the site alone.
+first=()
+[[ -f build-web/CMakeCache.txt ]] || first=(-DCMAKE_BUILD_TYPE=Release -DSANLIAN_TESTS=OFF)
+emcmake cmake -S . -B build-web "${first[@]}" -DSANLIAN_GUI=OFF -DSANLIAN_BENCH=OFF \
+    -DSANLIAN_SANITIZE=OFF >/dev/null
 cmake --build build-web --parallel "$(nproc)" --target site
 [[ $serve == yes ]] || { echo "The site is in build-web/site/."; exit 0; }
 
