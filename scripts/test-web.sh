@@ -16,7 +16,7 @@ emcmake cmake -S . -B build-web -DCMAKE_BUILD_TYPE=RelWithDebInfo "$@" -DSANLIAN
     -DSANLIAN_TESTS=ON -DSANLIAN_BENCH=OFF -DSANLIAN_SANITIZE=OFF >/dev/null
 cmake --build build-web --parallel "$(nproc)"
 # The page tests drive Debian's Chromium with puppeteer-core as locked, which downloads no browser.
-if command -v npm >/dev/null && ! [[ build-web/tests/web/node_modules/.package-lock.json -nt build-web/tests/web/package-lock.json ]]; then
-    npm ci --prefix build-web/tests/web --ignore-scripts --no-audit --no-fund
+if command -v npm >/dev/null && ! [[ build-web/npm/node_modules/.package-lock.json -nt build-web/npm/package-lock.json ]]; then
+    npm ci --prefix build-web/npm --ignore-scripts --no-audit --no-fund
 fi
 ctest --test-dir build-web --output-on-failure --parallel "$(nproc)"
