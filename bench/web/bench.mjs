@@ -11,22 +11,22 @@
 import {spawn} from 'node:child_process';
 import {copyFileSync, mkdtempSync, readdirSync, readFileSync, rmSync, statSync, symlinkSync, writeFileSync} from 'node:fs';
 import {tmpdir} from 'node:os';
-import {dirname, join} from 'node:path';
+import {dirname, join, resolve} from 'node:path';
 import {fileURLToPath} from 'node:url';
 import {gzipSync} from 'node:zlib';
 
 const [site, modules, rounds = '10'] = process.argv.slice(2);
-const puppeteer = await import(join(modules, 'puppeteer-core/lib/esm/puppeteer/puppeteer-core.js'));
+const puppeteer = await import(resolve(modules, 'puppeteer-core/lib/esm/puppeteer/puppeteer-core.js'));
 const here = dirname(fileURLToPath(import.meta.url));
 const root = mkdtempSync(join(tmpdir(), 'sanlian-bench-'));
-for (const entry of readdirSync(site)) symlinkSync(join(site, entry), join(root, entry));
+for (const entry of readdirSync(site)) symlinkSync(resolve(site, entry), join(root, entry));
 copyFileSync(join(here, 'bitmaps.html'), join(root, 'bitmaps.html'));
 
 const server = spawn('/usr/bin/python3', ['-u', '-m', 'http.server', '0', '--bind', '127.0.0.1', '--directory', root], {stdio: ['ignore', 'pipe', 'ignore']});
 const port = await new Promise(resolve => server.stdout.on('data', data => resolve(/port (\d+)/.exec(data)?.[1])));
 const url = name => `http://127.0.0.1:${port}/${name}`;
 const profile = mkdtempSync(join(tmpdir(), 'sanlian-bench-profile-'));
-const browser = await puppeteer.launch({executablePath: '/usr/bin/chromium', headless: true, userDataDir: profile,
+const browser = await puppeteer.launch({executablePath: '/usr/bin/chromium', headless: true, userDataDir: profile, protocolTimeout: 15000,
   args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking', '--disable-component-update', '--disable-sync']});
 const sleep = ms => new Promise(resolve => setTimeout(resolve, ms));
 const median = values => [...values].sort((a, b) => a - b)[Math.floor(values.length / 2)];
@@ -62,11 +62,13 @@ async function load(name, viewport) {
 // Main-thread time per tick of the 50 ms interval over five seconds: every top-level task of the
 // renderer's main thread, divided by the interval's ticks.
 async function tickCost(name, viewport) {
-  const {page} = await load(name, viewport);
+  const page = await browser.newPage();
+  await page.setViewport(viewport);
+  await page.goto(url(name));
   await sleep(1000);
   await page.tracing.start({categories: ['toplevel', 'devtools.timeline']});
   await sleep(5000);
-  const {traceEvents} = JSON.parse(await page.tracing.stop());
+  const {traceEvents} = JSON.parse(Buffer.from(await page.tracing.stop()).toString());
   await page.close();
   const main = traceEvents.find(e => e.name === 'thread_name' && e.args.name === 'CrRendererMain' &&
     traceEvents.some(t => t.pid === e.pid && t.tid === e.tid && t.name === 'TimerFire'));

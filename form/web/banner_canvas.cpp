@@ -3,6 +3,7 @@
 
 #include "form/web/banner_canvas.h"
 
+#include <cmath>
 #include <cstdint>
 #include <vector>
 
@@ -49,22 +50,31 @@ val prepare(const Picture& picture, int width, int height, double ratio) {
 
 }  // namespace
 
+BannerCanvas::BannerCanvas(val canvas)
+    : canvas_(std::move(canvas)), context_(canvas_.call<val>("getContext", std::string("2d"))) {}
+
+// A tick costs a new size and one copy of prepared pixels: Left and Top never change, and the
+// backing store, resized, is cleared.
 void BannerCanvas::show(const Form& form, double ratio) {
     const Image& image = form.Image2;
     const Bounds box = appearance::pixel_bounds(image.bounds());
-    place(canvas_, box);
+    if (!placed_) place(canvas_, box);
+    placed_ = true;
+    set_style(canvas_, "width", px(box.Width));
+    set_style(canvas_, "height", px(box.Height));
+    const auto width = static_cast<int>(std::lround(box.Width * ratio));
+    const auto height = static_cast<int>(std::lround(box.Height * ratio));
+    canvas_.set("width", width);
+    canvas_.set("height", height);
     if (ratio != prepared_ratio_) {
         prepared_ratio_ = ratio;
         prepared_ = {};
     }
-    val context = prepare_canvas(canvas_, box.Width, box.Height, ratio);
     if (!image.Picture->has_value()) return;
-    auto& prepared = prepared_.at(static_cast<std::size_t>(**image.Picture));
-    if (!prepared) {
-        prepared = prepare(form.Image1.at(static_cast<std::size_t>(**image.Picture)),
-                           canvas_["width"].as<int>(), canvas_["height"].as<int>(), ratio);
-    }
-    context.call<void>("putImageData", *prepared, 0, 0);
+    const auto index = static_cast<std::size_t>(**image.Picture);
+    auto& prepared = prepared_.at(index);
+    if (!prepared) prepared = prepare(form.Image1.at(index), width, height, ratio);
+    context_.call<void>("putImageData", *prepared, 0, 0);
 }
 
 }  // namespace form::web

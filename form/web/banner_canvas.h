@@ -17,13 +17,15 @@ namespace form::web {
 // of device pixels changes. Above a ratio of 1 a picture with finer ink is drawn from that.
 class BannerCanvas {
 public:
-    explicit BannerCanvas(val canvas) : canvas_(std::move(canvas)) {}
+    explicit BannerCanvas(val canvas);
 
     // Takes Image2's picture and size from the form, at `ratio` device pixels to a CSS pixel.
     void show(const Form& form, double ratio);
 
 private:
     val canvas_;
+    val context_;
+    bool placed_ = false;
     double prepared_ratio_ = 0;
     std::array<std::optional<val>, layout::kBannerFrameCount> prepared_;  // ImageData
 };

@@ -8,6 +8,13 @@
 
 namespace form::web {
 
+std::string px(double pixels) {
+    std::string css = std::to_string(pixels);
+    css.erase(css.find_last_not_of('0') + 1);  // "12.500000" -> "12.5", "12.000000" -> "12."
+    if (css.back() == '.') css.pop_back();
+    return css + "px";
+}
+
 std::string css_colour(Colour colour) {
     constexpr std::array<char, 16> kDigits{'0', '1', '2', '3', '4', '5', '6', '7',
                                            '8', '9', 'a', 'b', 'c', 'd', 'e', 'f'};
@@ -35,13 +42,10 @@ void set_style(val element, const char* property, const std::string& value) {
     element["style"].call<void>("setProperty", std::string(property), value);
 }
 
-void place(val element, const Bounds& pixels) {
-    const auto px = [](int n) { return std::to_string(n) + "px"; };
-    set_style(element, "position", "absolute");
-    set_style(element, "left", px(pixels.Left));
-    set_style(element, "top", px(pixels.Top));
-    set_style(element, "width", px(pixels.Width));
-    set_style(element, "height", px(pixels.Height));
+void place(val element, const Bounds& pixels, const std::string& declarations) {
+    element["style"].set("cssText", "position: absolute; left: " + px(pixels.Left) + "; top: " +
+                                        px(pixels.Top) + "; width: " + px(pixels.Width) +
+                                        "; height: " + px(pixels.Height) + "; " + declarations);
 }
 
 val prepare_canvas(val canvas, int width, int height, double ratio) {

@@ -15,6 +15,9 @@ namespace form::web {
 
 using emscripten::val;
 
+// "12px".
+std::string px(double pixels);
+
 // "#rrggbb", for a colour stored 0xBBGGRR.
 std::string css_colour(Colour colour);
 
@@ -23,8 +26,9 @@ val create(const char* tag, const std::string& id = {});
 // The same at the end of `parent`.
 val append(val parent, const char* tag, const std::string& id = {});
 
-// Places an absolutely positioned element at a rectangle in CSS pixels.
-void place(val element, const Bounds& pixels);
+// Places an absolutely positioned element at a rectangle in CSS pixels, with further style
+// declarations ("color: #000000; ..."), in one write of its style.
+void place(val element, const Bounds& pixels, const std::string& declarations = {});
 
 void set_style(val element, const char* property, const std::string& value);
 

@@ -23,8 +23,6 @@ namespace {
 constexpr std::array<TimerId, 3> kTimerIds{TimerId::Timer1, TimerId::Timer2, TimerId::Timer3};
 constexpr std::array<Control, 3> kTimerControls{Control::Timer1, Control::Timer2, Control::Timer3};
 
-std::string px(double pixels) { return std::to_string(pixels) + "px"; }
-
 void set_attribute(val element, const char* name, const std::string& value) {
     element.call<void>("setAttribute", std::string(name), value);
 }
@@ -36,14 +34,12 @@ std::string css_font(const Font& font) {
            "\"";
 }
 
-void set_font(val element, const Font& font) { set_style(element, "font", css_font(font)); }
-
-val set_up_label(val element, const Label& model) {
-    place(element, appearance::pixel_bounds(model.bounds));
-    set_font(element, model.font);
-    set_style(element, "text-align", model.alignment == Alignment::Centre ? "center" : "left");
-    // Blanks are kept, as the rules begin and end with four.
-    set_style(element, "white-space", model.word_wrap ? "pre-wrap" : "pre");
+// Blanks are kept, as the rules begin and end with four.
+val set_up_label(val element, const Label& model, const std::string& declarations = {}) {
+    place(element, appearance::pixel_bounds(model.bounds),
+          "font: " + css_font(model.font) +
+              "; text-align: " + (model.alignment == Alignment::Centre ? "center" : "left") +
+              "; white-space: " + (model.word_wrap ? "pre-wrap; " : "pre; ") + declarations);
     return element;
 }
 
@@ -71,7 +67,7 @@ void on_tick(void* data) {
 }
 
 EM_BOOL on_resize(int, const EmscriptenUiEvent*, void* data) {
-    static_cast<Page*>(data)->fit();
+    static_cast<Page*>(data)->resized();
     return false;
 }
 
@@ -91,13 +87,13 @@ Page::Page(Form& form)
       image2_element_(create("canvas", "Image2")),
       image2_(image2_element_) {
     val::global("document").set("title", form_.Caption);
-    place(root_, appearance::pixel_bounds({0, 0, layout::kClientWidth, layout::kClientHeight}));
-    set_style(root_, "background-color", css_colour(appearance::kFormBackground));
-    // The stylesheet draws the buttons in these.
-    set_style(root_, "--text", css_colour(appearance::kDefaultForeColor));
-    set_style(root_, "--disabled-text", css_colour(appearance::kDisabledText));
-    set_style(root_, "--light", css_colour(appearance::kCellBevel.outer_bottom_right));
-    set_style(root_, "--dark", css_colour(appearance::kCellBevel.inner_top_left));
+    // The stylesheet draws the buttons in the colours named here.
+    place(root_, appearance::pixel_bounds({0, 0, layout::kClientWidth, layout::kClientHeight}),
+          "background-color: " + css_colour(appearance::kFormBackground) +
+              "; --text: " + css_colour(appearance::kDefaultForeColor) +
+              "; --disabled-text: " + css_colour(appearance::kDisabledText) +
+              "; --light: " + css_colour(appearance::kCellBevel.outer_bottom_right) +
+              "; --dark: " + css_colour(appearance::kCellBevel.inner_top_left));
 
     // The board: a grid of three rows, each cell a canvas that takes the focus and a click, and
     // no key.
@@ -119,15 +115,16 @@ Page::Page(Form& form)
         focus_order_.emplace_back(cell_control(i), canvas);
     }
 
-    // Label1 on its own ground, under Shape1's outline.
-    root_.call<void>("append", set_up_label(label1_, form_.Label1));
-    set_style(label1_, "background-color", css_colour(appearance::kLabel1Background));
+    // Label1 on its own ground, under Shape1's outline, whose line runs through the middle of
+    // the outermost pixels, as the desktop draws it.
     const Bounds frame = appearance::pixel_bounds(form_.Shape1.bounds);
-    // Through the middle of the outermost pixels, as the desktop draws it.
-    const double radius = appearance::corner_radius(frame.Width - 1, frame.Height - 1) + 0.5;
-    for (val element : {label1_, shape1_}) set_style(element, "border-radius", px(radius));
-    place(shape1_, frame);
-    set_style(shape1_, "border", "1px solid");
+    const std::string corners =
+        "border-radius: " + px(appearance::corner_radius(frame.Width - 1, frame.Height - 1) + 0.5);
+    root_.call<void>("append",
+                     set_up_label(label1_, form_.Label1,
+                                  "background-color: " + css_colour(appearance::kLabel1Background) +
+                                      "; " + corners));
+    place(shape1_, frame, "border: 1px solid; " + corners);
     root_.call<void>("append", shape1_);
     root_.call<void>("append", set_up_label(label2_, form_.Label2));
     // The captions are empty until the toss, whose first captions would otherwise show nothing
@@ -148,8 +145,7 @@ Page::Page(Form& form)
             control.first == Control::Command1 ? form_.Command1 : form_.Command2;
         val& button = *control.second;
         button.set("textContent", model.Caption);
-        place(button, appearance::pixel_bounds(model.bounds));
-        set_font(button, model.font);
+        place(button, appearance::pixel_bounds(model.bounds), "font: " + css_font(model.font));
         root_.call<void>("append", button);
         focus_order_.emplace_back(control.first, *control.second);
     }
@@ -163,6 +159,9 @@ Page::Page(Form& form)
     set_attribute(status_, "role", "status");
     set_attribute(status_, "class", "status");
     root_.call<void>("append", status_);
+    // Everything drawn before the form joins the document, which then lays it out once.
+    fit();
+    show_changed(Changes::all());
     body_.call<void>("prepend", root_);
 
     for (int i = 0; i < layout::kCellCount; ++i) {
@@ -177,9 +176,6 @@ Page::Page(Form& form)
     emscripten_set_click_callback("#Command2", &button_targets_[1], false, on_button_click);
     for (int t = 0; t < 3; ++t) timer_targets_[static_cast<std::size_t>(t)] = {this, t};
     emscripten_set_resize_callback(EMSCRIPTEN_EVENT_TARGET_WINDOW, this, false, on_resize);
-
-    fit();
-    show_changed(Changes::all());
 }
 
 Page::~Page() { stop(); }
@@ -240,13 +236,13 @@ void Page::draw_cell(int index) {
                    form_.Picture1[static_cast<std::size_t>(index)], ratio_);
 }
 
-void Page::fit() {
+bool Page::fit() {
     const val window = val::global("window");
     const val viewport = val::global("document")["documentElement"];
     const double width = viewport["clientWidth"].as<double>();
     const double height = viewport["clientHeight"].as<double>();
     const double device_ratio = window["devicePixelRatio"].as<double>();
-    if (width <= 0) return;  // no viewport at all, for a moment of a screenshot
+    if (width <= 0) return false;  // no viewport at all, for a moment of a screenshot
     const Bounds client =
         appearance::pixel_bounds({0, 0, layout::kClientWidth, layout::kClientHeight});
     // Uniformly, as a screen's scale would: the layout stays as it is.
@@ -257,8 +253,13 @@ void Page::fit() {
     set_style(root_, "left", px(whole_device_pixel((width - client.Width * scale) / 2)));
     set_style(root_, "top", px(whole_device_pixel((height - client.Height * scale) / 2)));
     set_style(root_, "transform", scale < 1 ? "scale(" + std::to_string(scale) + ")" : "none");
-    if (device_ratio * scale == ratio_) return;
+    const bool changed = device_ratio * scale != ratio_;
     ratio_ = device_ratio * scale;
+    return changed;
+}
+
+void Page::resized() {
+    if (!fit()) return;
     for (int i = 0; i < layout::kCellCount; ++i) draw_cell(i);
     image2_.show(form_, ratio_);
 }

@@ -37,9 +37,9 @@ public:
     void click_cell(int index) { show_changed(form_.click_cell(index)); }
     void click(ButtonId button) { show_changed(form_.click(button)); }
     void tick(TimerId timer) { show_changed(form_.tick(timer)); }
-    // Scales the form down to a viewport narrower than it and centres it at a whole device
-    // pixel; the canvases are drawn again if that changed their device pixels.
-    void fit();
+    // The viewport's size or device pixel ratio changed: the form is fitted to it, and its
+    // canvases drawn again if their device pixels changed.
+    void resized();
 
     // What a browser event reaches: the page and which of its controls or timers.
     struct Target {
@@ -48,6 +48,9 @@ public:
     };
 
 private:
+    // Scales the form down to a viewport narrower than it and centres it at a whole device
+    // pixel. Whether that changed the device pixels of a CSS pixel of the form.
+    bool fit();
     void draw_cell(int index);
     // Before a control stops taking the focus: if it has it, the focus moves on.
     void move_focus_from(const val& element);

@@ -8,11 +8,11 @@ import assert from 'node:assert/strict';
 import {spawn} from 'node:child_process';
 import {existsSync, mkdtempSync, rmSync} from 'node:fs';
 import {tmpdir} from 'node:os';
-import {join} from 'node:path';
+import {join, resolve} from 'node:path';
 import {inflateSync} from 'node:zlib';
 
 const [site, modules, name] = process.argv.slice(2);
-const puppeteer = await import(join(modules, 'puppeteer-core/lib/esm/puppeteer/puppeteer-core.js')).catch(() => null);
+const puppeteer = await import(resolve(modules, 'puppeteer-core/lib/esm/puppeteer/puppeteer-core.js')).catch(() => null);
 if (!puppeteer || !existsSync('/usr/bin/chromium')) {
   console.log('skipped: needs /usr/bin/chromium and puppeteer-core');
   process.exit(77);
