@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-FileCopyrightText: 2026 Sanlian developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Builds the site and measures the page against its floors in headless Chromium (about a minute
-# and a half). Usage: bench/web/run.sh [ROUNDS]
+# Builds the site and measures the page against its floors in headless Chromium (about four
+# minutes). Usage: bench/web/run.sh [ROUNDS]
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 

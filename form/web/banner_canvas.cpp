@@ -27,7 +27,8 @@ Picture stretched(const Picture& picture, int width, int height) {
     return drawn;
 }
 
-// The picture at width x height device pixels, as the canvas's ImageData.
+// The picture at width x height device pixels, on a canvas of its own: a tick copies it whole,
+// as a browser copies a bitmap, where writing the pixels in would convert each one.
 val prepare(const Picture& picture, int width, int height, double ratio) {
     const Picture drawn = ratio > 1 && picture.finer_ink() != nullptr
                               ? picture.drawn_finer(width, height)
@@ -45,7 +46,9 @@ val prepare(const Picture& picture, int width, int height, double ratio) {
     }
     val data = val::global("ImageData").new_(width, height);
     data["data"].call<void>("set", val(emscripten::typed_memory_view(rgba.size(), rgba.data())));
-    return data;
+    val prepared = val::global("OffscreenCanvas").new_(width, height);
+    prepared.call<val>("getContext", std::string("2d")).call<void>("putImageData", data, 0, 0);
+    return prepared;
 }
 
 }  // namespace
@@ -74,7 +77,7 @@ void BannerCanvas::show(const Form& form, double ratio) {
     const auto index = static_cast<std::size_t>(**image.Picture);
     auto& prepared = prepared_.at(index);
     if (!prepared) prepared = prepare(form.Image1.at(index), width, height, ratio);
-    context_.call<void>("putImageData", *prepared, 0, 0);
+    context_.call<void>("drawImage", *prepared, 0, 0);
 }
 
 }  // namespace form::web

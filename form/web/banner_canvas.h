@@ -27,7 +27,7 @@ private:
     val context_;
     bool placed_ = false;
     double prepared_ratio_ = 0;
-    std::array<std::optional<val>, layout::kBannerFrameCount> prepared_;  // ImageData
+    std::array<std::optional<val>, layout::kBannerFrameCount> prepared_;  // OffscreenCanvas
 };
 
 }  // namespace form::web

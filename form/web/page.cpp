@@ -134,20 +134,21 @@ Page::Page(Form& form)
     }
 
     // The buttons, in the order of their TabIndex.
-    std::array<std::pair<int, std::pair<Control, val*>>, 2> buttons{{
-        {form_.Command1.TabIndex, {Control::Command1, &command1_}},
-        {form_.Command2.TabIndex, {Control::Command2, &command2_}},
-    }};
-    std::sort(buttons.begin(), buttons.end(),
-              [](const auto& a, const auto& b) { return a.first < b.first; });
-    for (const auto& [tab_index, control] : buttons) {
-        const CommandButton& model =
-            control.first == Control::Command1 ? form_.Command1 : form_.Command2;
-        val& button = *control.second;
-        button.set("textContent", model.Caption);
-        place(button, appearance::pixel_bounds(model.bounds), "font: " + css_font(model.font));
-        root_.call<void>("append", button);
-        focus_order_.emplace_back(control.first, *control.second);
+    struct Button {
+        const CommandButton* model;
+        Control control;
+        val* element;
+    };
+    std::array<Button, 2> buttons{{{&form_.Command1, Control::Command1, &command1_},
+                                   {&form_.Command2, Control::Command2, &command2_}}};
+    std::sort(buttons.begin(), buttons.end(), [](const Button& a, const Button& b) {
+        return a.model->TabIndex < b.model->TabIndex;
+    });
+    for (const auto& [model, control, element] : buttons) {
+        element->set("textContent", model->Caption);
+        place(*element, appearance::pixel_bounds(model->bounds), "font: " + css_font(model->font));
+        root_.call<void>("append", *element);
+        focus_order_.emplace_back(control, *element);
     }
     set_attribute(command1_, "aria-description", texts::kCommand1Description);
     set_attribute(command2_, "aria-description", texts::kCommand2Description);
@@ -189,7 +190,11 @@ void Page::stop() {
 }
 
 void Page::show_changed(const Changes& changes) {
-    const val focused = val::global("document")["activeElement"];
+    // Only cells and buttons can lose the focus; a banner tick touches neither.
+    bool focus_may_move = changes[Control::Command1] || changes[Control::Command2];
+    for (int i = 0; i < layout::kCellCount; ++i) focus_may_move = focus_may_move || changes.cell(i);
+    const val focused =
+        focus_may_move ? val::global("document")["activeElement"] : val::undefined();
     for (int i = 0; i < layout::kCellCount; ++i) {
         if (!changes.cell(i)) continue;
         const PictureBox& model = form_.Picture1[static_cast<std::size_t>(i)];
