@@ -156,28 +156,16 @@ private slots:
         s.sync();
         s.sync(s.form.click_cell(0));
         s.sync(s.form.click_cell(1));
-        const QColor teal(0, 0x80, 0x80), white(Qt::white), black(Qt::black);
-        const QColor silver(0xC0C0C0), blue(Qt::blue);
-        // The ring's centre line at 36.5 +- 27.8, the cross from 8.7 to 64.3 on both axes.
-        const std::tuple<int, int, QColor> pixels[] = {{68, 37, white},
-                                                       {68, 44, white},
-                                                       {68, 48, teal},
-                                                       {68, 68, teal},
-                                                       {37, 68, white},
-                                                       {99, 68, white},
-                                                       {122, 42, black},
-                                                       {175, 95, black},
-                                                       {122, 95, black},
-                                                       {132, 58, black},
-                                                       {148, 52, teal},
-                                                       {148, 68, black},
-                                                       {228, 68, silver},
-                                                       {368, 176, blue},
-                                                       {34, 68, teal},
-                                                       {33, 68, QColor(64, 64, 64)},
-                                                       {288, 176, silver},
-                                                       {300, 176, blue},
-                                                       {32, 68, QColor(128, 128, 128)}};
+        const QColor teal(0, 0x80, 0x80), white(Qt::white), black(Qt::black), blue(Qt::blue);
+        const QColor silver(0xC0C0C0), shade(128, 128, 128), dark(64, 64, 64);
+        // The ring's centre line at 36.5 +- 27.8, the cross from 8.7 to 64.3 on both axes; the
+        // cell's border at 32 and 33; the outline's straight edge from about 298.
+        const std::tuple<int, int, QColor> pixels[] = {
+            {68, 37, white},   {68, 44, white},    {68, 48, teal},   {68, 68, teal},
+            {37, 68, white},   {99, 68, white},    {122, 42, black}, {175, 95, black},
+            {122, 95, black},  {132, 58, black},   {148, 52, teal},  {148, 68, black},
+            {228, 68, silver}, {368, 176, blue},   {34, 68, teal},   {33, 68, dark},
+            {32, 68, shade},   {288, 176, silver}, {300, 176, blue}};
         for (const auto& [x, y, colour] : pixels)
             QCOMPARE(std::tuple(x, y, s.at(x, y)), std::tuple(x, y, colour));
     }
