@@ -16,13 +16,13 @@
 namespace {
 
 // A form that writes down the events reaching it; a click on a cell draws a circle on it, or on
-// an odd cell a cross; Exit unloads, Timer2 blinks cell 0.
+// an odd cell a cross; Start starts Timer2, which blinks cell 0; Exit unloads.
 struct Recorder final : form::Form {
     QStringList events;
     form::MarkPen pen;
     Recorder() : Form(std::make_unique<lockstep::Planned>()) {}
     void Form_Load() override {}
-    void Command1_Click() override { events << "Start"; }
+    void Command1_Click() override { events << "Start", Timer2.Enabled = true; }
     void Command2_Click() override { events << "Exit", Unload(); }
     void Picture1_Click(int index) override {
         events << QString::number(index);
@@ -156,15 +156,16 @@ private slots:
         s.sync();
         s.sync(s.form.click_cell(0));
         s.sync(s.form.click_cell(1));
-        const QColor teal(0, 0x80, 0x80), white(Qt::white), black(Qt::black);
-        const QColor silver(0xC0C0C0), blue(Qt::blue);
-        // The ring's centre line at 36.5 +- 27.8, the cross from 8.7 to 64.3 on both axes.
+        const QColor teal(0, 0x80, 0x80), white(Qt::white), black(Qt::black), blue(Qt::blue);
+        const QColor silver(0xC0C0C0), shade(128, 128, 128), dark(64, 64, 64);
+        // The ring's centre line at 36.5 +- 27.8, the cross from 8.7 to 64.3 on both axes; the
+        // cell's border at 32 and 33; the outline's straight edge from about 298.
         const std::tuple<int, int, QColor> pixels[] = {
-            {68, 37, white},   {68, 44, white},  {68, 48, teal},   {68, 68, teal},
-            {37, 68, white},   {99, 68, white},  {122, 42, black}, {175, 95, black},
-            {122, 95, black},  {132, 58, black}, {148, 52, teal},  {148, 68, black},
-            {228, 68, silver}, {368, 176, blue}, {34, 68, teal},   {33, 68, QColor(64, 64, 64)},
-            {288, 176, silver}};
+            {68, 37, white},   {68, 44, white},    {68, 48, teal},   {68, 68, teal},
+            {37, 68, white},   {99, 68, white},    {122, 42, black}, {175, 95, black},
+            {122, 95, black},  {132, 58, black},   {148, 52, teal},  {148, 68, black},
+            {228, 68, silver}, {368, 176, blue},   {34, 68, teal},   {33, 68, dark},
+            {32, 68, shade},   {288, 176, silver}, {300, 176, blue}};
         for (const auto& [x, y, colour] : pixels)
             QCOMPARE(std::tuple(x, y, s.at(x, y)), std::tuple(x, y, colour));
     }
@@ -211,8 +212,7 @@ private slots:
     // beat while the banner ticks every 50 ms, so the screen shows the cell gone and back again.
     void blinkKeepsItsBeatWhileTheBannerTicks() {
         Shown<Recorder> s;
-        s.form.Timer2.Enabled = true;
-        s.sync();
+        s.sync(s.form.click(form::ButtonId::Command1));
         QStringList seen{"there"};  // changes only: there, gone, there
         QVERIFY(QTest::qWaitFor(
             [&] {
