@@ -52,7 +52,8 @@ private:
     // pixel. Whether that changed the device pixels of a CSS pixel of the form.
     bool fit();
     void draw_cell(int index);
-    // Before a control stops taking the focus: if it has it, the focus moves on.
+    // `element` had the focus before an event: if its control can no longer take it (hidden or
+    // disabled), the focus moves on to the next control in order that can.
     void move_focus_from(const val& element);
     bool takes_focus(Control control) const;
     void announce(const std::string& text);
