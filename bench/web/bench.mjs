@@ -79,9 +79,10 @@ async function tickCost(name, viewport) {
   return busy / ticks / 1000;
 }
 
-// The static floor: the page's document once its form is built, without the program.
+// The static floor: the page's document once its form is built, without the program or any
+// other script.
 const {page: built} = await load('index.html', {width: 800, height: 520});
-const html = (await built.content()).replace(/<script src="sanlian.js"[^>]*><\/script>/, '').replace(/<link rel="preload" href="sanlian.wasm"[^>]*>/, '');
+const html = (await built.content()).replace(/<script[^>]*>[^<]*<\/script>/g, '').replace(/<link rel="preload" href="sanlian.wasm"[^>]*>/, '');
 writeFileSync(join(root, 'static.html'), html);
 await built.close();
 
