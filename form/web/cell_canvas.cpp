@@ -30,15 +30,21 @@ void draw_ring(val& context, int size, int inset, Colour top_left, Colour bottom
 
 }  // namespace
 
-void draw_cell(val canvas, const PictureBox& cell, double ratio) {
+void CellPainter::draw(val canvas, const PictureBox& cell, double ratio) {
     const Bounds box = appearance::pixel_bounds(cell.bounds);
-    val context = prepare_canvas(canvas, box.Width, box.Height, ratio);
-    const auto& bevel = appearance::kCellBevel;
-    draw_ring(context, box.Width, 0, bevel.outer_top_left, bevel.outer_bottom_right);
-    draw_ring(context, box.Width, 1, bevel.inner_top_left, bevel.inner_bottom_right);
     constexpr int kBorder = layout::kCellBorderPixels;
     const int inner = box.Width - 2 * kBorder;
-    fill(context, appearance::kCellBackground, kBorder, kBorder, inner, inner);
+    if (!ground_ || ratio != ground_ratio_) {
+        ground_ = create("canvas");
+        ground_ratio_ = ratio;
+        val ground = prepare_canvas(*ground_, box.Width, box.Height, ratio);
+        const auto& bevel = appearance::kCellBevel;
+        draw_ring(ground, box.Width, 0, bevel.outer_top_left, bevel.outer_bottom_right);
+        draw_ring(ground, box.Width, 1, bevel.inner_top_left, bevel.inner_bottom_right);
+        fill(ground, appearance::kCellBackground, kBorder, kBorder, inner, inner);
+    }
+    val context = prepare_canvas(canvas, box.Width, box.Height, ratio);
+    context.call<void>("drawImage", *ground_, 0, 0, box.Width, box.Height);
     if (cell.strokes().empty()) return;
 
     // The strokes in twips of the inner area, clipped to it, with a pen of DrawWidth pixels and

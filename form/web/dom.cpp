@@ -32,20 +32,17 @@ val create(const char* tag, const std::string& id) {
     return element;
 }
 
-val append(val parent, const char* tag, const std::string& id) {
-    val element = create(tag, id);
-    parent.call<void>("append", element);
-    return element;
-}
-
 void set_style(val element, const char* property, const std::string& value) {
     element["style"].call<void>("setProperty", std::string(property), value);
 }
 
+std::string placement(const Bounds& pixels) {
+    return "position: absolute; left: " + px(pixels.Left) + "; top: " + px(pixels.Top) +
+           "; width: " + px(pixels.Width) + "; height: " + px(pixels.Height) + "; ";
+}
+
 void place(val element, const Bounds& pixels, const std::string& declarations) {
-    element["style"].set("cssText", "position: absolute; left: " + px(pixels.Left) + "; top: " +
-                                        px(pixels.Top) + "; width: " + px(pixels.Width) +
-                                        "; height: " + px(pixels.Height) + "; " + declarations);
+    element["style"].set("cssText", placement(pixels) + declarations);
 }
 
 val prepare_canvas(val canvas, int width, int height, double ratio) {

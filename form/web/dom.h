@@ -23,11 +23,13 @@ std::string css_colour(Colour colour);
 
 // A new element `tag`, with `id` unless it is empty, not yet in the document.
 val create(const char* tag, const std::string& id = {});
-// The same at the end of `parent`.
-val append(val parent, const char* tag, const std::string& id = {});
 
-// Places an absolutely positioned element at a rectangle in CSS pixels, with further style
-// declarations ("color: #000000; ..."), in one write of its style.
+// The style declarations that place an absolutely positioned element at a rectangle in CSS
+// pixels: "position: absolute; left: 32px; ...; ".
+std::string placement(const Bounds& pixels);
+
+// Places an element so, with further style declarations ("color: #000000; ..."), in one write
+// of its style.
 void place(val element, const Bounds& pixels, const std::string& declarations = {});
 
 void set_style(val element, const char* property, const std::string& value);

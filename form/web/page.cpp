@@ -14,7 +14,6 @@
 #include "form/fonts.h"
 #include "form/speech.h"
 #include "form/texts.h"
-#include "form/web/cell_canvas.h"
 
 namespace form::web {
 
@@ -30,17 +29,90 @@ void set_attribute(val element, const char* name, const std::string& value) {
 // The face the layout names, then the compiled-in font that stands in for it.
 std::string css_font(const Font& font) {
     return std::to_string(font.weight) + " " + std::to_string(fonts::pixel_size(font.points)) +
-           "px \"" + font.face + "\", \"" + std::string(fonts::stand_in_for(font.face).family) +
-           "\"";
+           "px '" + font.face + "', '" + std::string(fonts::stand_in_for(font.face).family) + "'";
+}
+
+// An element as markup, placed at its pixels.
+std::string element(const std::string& tag, const std::string& attributes, const Bounds& twips,
+                    const std::string& style = {}, const std::string& content = {}) {
+    return "<" + tag + " " + attributes + " style=\"" + placement(appearance::pixel_bounds(twips)) +
+           style + "\">" + content + "</" + tag + ">";
 }
 
 // Blanks are kept, as the rules begin and end with four.
-val set_up_label(val element, const Label& model, const std::string& declarations = {}) {
-    place(element, appearance::pixel_bounds(model.bounds),
-          "font: " + css_font(model.font) +
-              "; text-align: " + (model.alignment == Alignment::Centre ? "center" : "left") +
-              "; white-space: " + (model.word_wrap ? "pre-wrap; " : "pre; ") + declarations);
-    return element;
+std::string label(const char* id, const Label& model, const std::string& style = {}) {
+    return element("div", "id=\"" + std::string(id) + "\"", model.bounds,
+                   "font: " + css_font(model.font) + "; text-align: " +
+                       (model.alignment == Alignment::Centre ? "center" : "left") +
+                       "; white-space: " + (model.word_wrap ? "pre-wrap; " : "pre; ") + style);
+}
+
+struct Button {
+    const CommandButton* model;
+    Control control;
+    const char* id;
+    const char* description;
+};
+
+// The buttons in the order of their TabIndex.
+std::array<Button, 2> buttons(const Form& form) {
+    std::array<Button, 2> buttons{{
+        {&form.Command1, Control::Command1, "Command1", texts::kCommand1Description},
+        {&form.Command2, Control::Command2, "Command2", texts::kCommand2Description},
+    }};
+    std::sort(buttons.begin(), buttons.end(), [](const Button& a, const Button& b) {
+        return a.model->TabIndex < b.model->TabIndex;
+    });
+    return buttons;
+}
+
+// The form's element, with every control in it as markup, which the browser builds at once, in
+// the order of TabIndex: the cells, a grid of three rows of canvases that take the focus and a
+// click, and no key; Label1 on its own ground under Shape1's outline; the buttons; the banner;
+// and the status region that tells what Label1's flicker cannot.
+val form_element(const Form& form) {
+    std::string html = "<div role=\"grid\">";
+    for (int i = 0; i < layout::kCellCount; ++i) {
+        if (i % 3 == 0) html += i == 0 ? "<div role=\"row\">" : "</div><div role=\"row\">";
+        html += element("div", "role=\"gridcell\"",
+                        form.Picture1[static_cast<std::size_t>(i)].bounds, {},
+                        "<canvas id=\"Picture1-" + std::to_string(i) +
+                            "\" role=\"button\" tabindex=\"0\"></canvas>");
+    }
+    html += "</div></div>";
+    // The outline runs through the middle of the outermost pixels, as the desktop draws it.
+    const Bounds frame = appearance::pixel_bounds(form.Shape1.bounds);
+    const std::string corners =
+        "border-radius: " + px(appearance::corner_radius(frame.Width - 1, frame.Height - 1) + 0.5);
+    html +=
+        label("Label1", form.Label1,
+              "background-color: " + css_colour(appearance::kLabel1Background) + "; " + corners);
+    html += element("div", "id=\"Shape1\"", form.Shape1.bounds, "border: 1px solid; " + corners);
+    html += label("Label2", form.Label2);
+    for (const Button& button : buttons(form)) {
+        html += element(
+            "button",
+            "id=\"" + std::string(button.id) + "\" aria-description=\"" + button.description + "\"",
+            button.model->bounds, "font: " + css_font(button.model->font));
+    }
+    html += label("Label3", form.Label3);
+    html += "<canvas id=\"Image2\" aria-hidden=\"true\"></canvas>";
+    html += "<div role=\"status\" class=\"status\"></div>";
+
+    val root = create("div", "Form1");
+    // The stylesheet draws the buttons in the colours named here.
+    place(root, appearance::pixel_bounds({0, 0, layout::kClientWidth, layout::kClientHeight}),
+          "background-color: " + css_colour(appearance::kFormBackground) +
+              "; --text: " + css_colour(appearance::kDefaultForeColor) +
+              "; --disabled-text: " + css_colour(appearance::kDisabledText) +
+              "; --light: " + css_colour(appearance::kCellBevel.outer_bottom_right) +
+              "; --dark: " + css_colour(appearance::kCellBevel.inner_top_left));
+    root.set("innerHTML", html);
+    return root;
+}
+
+val find(const val& root, const std::string& selector) {
+    return root.call<val>("querySelector", selector);
 }
 
 void show_label(val element, const Label& model) {
@@ -76,90 +148,31 @@ EM_BOOL on_resize(int, const EmscriptenUiEvent*, void* data) {
 Page::Page(Form& form)
     : form_(form),
       body_(val::global("document")["body"]),
-      root_(create("div", "Form1")),
-      command1_(create("button", "Command1")),
-      command2_(create("button", "Command2")),
-      label1_(create("div", "Label1")),
-      shape1_(create("div", "Shape1")),
-      label2_(create("div", "Label2")),
-      label3_(create("div", "Label3")),
-      status_(create("div")),
-      image2_element_(create("canvas", "Image2")),
-      image2_(image2_element_) {
+      root_(form_element(form)),
+      command1_(find(root_, "#Command1")),
+      command2_(find(root_, "#Command2")),
+      label1_(find(root_, "#Label1")),
+      shape1_(find(root_, "#Shape1")),
+      label2_(find(root_, "#Label2")),
+      label3_(find(root_, "#Label3")),
+      status_(find(root_, "[role=status]")),
+      image2_(find(root_, "#Image2")) {
     val::global("document").set("title", form_.Caption);
-    // The stylesheet draws the buttons in the colours named here.
-    place(root_, appearance::pixel_bounds({0, 0, layout::kClientWidth, layout::kClientHeight}),
-          "background-color: " + css_colour(appearance::kFormBackground) +
-              "; --text: " + css_colour(appearance::kDefaultForeColor) +
-              "; --disabled-text: " + css_colour(appearance::kDisabledText) +
-              "; --light: " + css_colour(appearance::kCellBevel.outer_bottom_right) +
-              "; --dark: " + css_colour(appearance::kCellBevel.inner_top_left));
-
-    // The board: a grid of three rows, each cell a canvas that takes the focus and a click, and
-    // no key.
-    val grid = append(root_, "div");
-    set_attribute(grid, "role", "grid");
-    val row = val::undefined();
     for (int i = 0; i < layout::kCellCount; ++i) {
-        if (i % 3 == 0) {
-            row = append(grid, "div");
-            set_attribute(row, "role", "row");
-        }
-        val cell = append(row, "div");
-        set_attribute(cell, "role", "gridcell");
-        place(cell, appearance::pixel_bounds(form_.Picture1[static_cast<std::size_t>(i)].bounds));
-        val canvas = append(cell, "canvas", "Picture1-" + std::to_string(i));
-        set_attribute(canvas, "role", "button");
-        set_attribute(canvas, "tabindex", "0");
-        cells_.push_back(canvas);
-        focus_order_.emplace_back(cell_control(i), canvas);
+        cells_.push_back(find(root_, "#Picture1-" + std::to_string(i)));
+        focus_order_.emplace_back(cell_control(i), cells_.back());
     }
-
-    // Label1 on its own ground, under Shape1's outline, whose line runs through the middle of
-    // the outermost pixels, as the desktop draws it.
-    const Bounds frame = appearance::pixel_bounds(form_.Shape1.bounds);
-    const std::string corners =
-        "border-radius: " + px(appearance::corner_radius(frame.Width - 1, frame.Height - 1) + 0.5);
-    root_.call<void>("append",
-                     set_up_label(label1_, form_.Label1,
-                                  "background-color: " + css_colour(appearance::kLabel1Background) +
-                                      "; " + corners));
-    place(shape1_, frame, "border: 1px solid; " + corners);
-    root_.call<void>("append", shape1_);
-    root_.call<void>("append", set_up_label(label2_, form_.Label2));
+    for (const Button& button : buttons(form_)) {
+        focus_order_.emplace_back(button.control,
+                                  button.control == Control::Command1 ? command1_ : command2_);
+    }
     // The captions are empty until the toss, whose first captions would otherwise show nothing
     // while their face loads.
     for (const Label* label : {&form_.Label1, &form_.Label2}) {
         val::global("document")["fonts"].call<val>("load", css_font(label->font));
     }
-
-    // The buttons, in the order of their TabIndex.
-    struct Button {
-        const CommandButton* model;
-        Control control;
-        val* element;
-    };
-    std::array<Button, 2> buttons{{{&form_.Command1, Control::Command1, &command1_},
-                                   {&form_.Command2, Control::Command2, &command2_}}};
-    std::sort(buttons.begin(), buttons.end(), [](const Button& a, const Button& b) {
-        return a.model->TabIndex < b.model->TabIndex;
-    });
-    for (const auto& [model, control, element] : buttons) {
-        element->set("textContent", model->Caption);
-        place(*element, appearance::pixel_bounds(model->bounds), "font: " + css_font(model->font));
-        root_.call<void>("append", *element);
-        focus_order_.emplace_back(control, *element);
-    }
-    set_attribute(command1_, "aria-description", texts::kCommand1Description);
-    set_attribute(command2_, "aria-description", texts::kCommand2Description);
-
-    root_.call<void>("append", set_up_label(label3_, form_.Label3));
-    root_.call<void>("append", image2_element_);
-    set_attribute(image2_element_, "aria-hidden", "true");
-    // Label1 flickers through the toss, so the outcomes are told here instead, once each.
-    set_attribute(status_, "role", "status");
-    set_attribute(status_, "class", "status");
-    root_.call<void>("append", status_);
+    command1_.set("textContent", form_.Command1.Caption);
+    command2_.set("textContent", form_.Command2.Caption);
     // Everything drawn before the form joins the document, which then lays it out once.
     fit();
     show_changed(Changes::all());
@@ -237,8 +250,8 @@ void Page::show_changed(const Changes& changes) {
 }
 
 void Page::draw_cell(int index) {
-    web::draw_cell(cells_[static_cast<std::size_t>(index)],
-                   form_.Picture1[static_cast<std::size_t>(index)], ratio_);
+    cell_painter_.draw(cells_[static_cast<std::size_t>(index)],
+                       form_.Picture1[static_cast<std::size_t>(index)], ratio_);
 }
 
 bool Page::fit() {

@@ -8,6 +8,7 @@
 
 #include "form/form.h"
 #include "form/web/banner_canvas.h"
+#include "form/web/cell_canvas.h"
 #include "form/web/dom.h"
 
 namespace form::web {
@@ -72,8 +73,8 @@ private:
     val label2_;
     val label3_;
     val status_;
-    val image2_element_;
     BannerCanvas image2_;
+    CellPainter cell_painter_;
     // Controls that can take the focus, in the order it walks them.
     std::vector<std::pair<Control, val>> focus_order_;
     std::array<Target, layout::kCellCount> cell_targets_{};
