@@ -28,6 +28,10 @@ const url = name => `http://127.0.0.1:${port}/${name}`;
 const profile = mkdtempSync(join(tmpdir(), 'sanlian-bench-profile-'));
 const browser = await puppeteer.launch({executablePath: '/usr/bin/chromium', headless: true, userDataDir: profile, protocolTimeout: 15000,
   args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking', '--disable-component-update', '--disable-sync']});
+process.on('exit', () => {
+  [browser.process(), server].forEach(child => child?.kill('SIGKILL'));
+  for (const dir of [root, profile]) rmSync(dir, {recursive: true, force: true});
+});
 const sleep = ms => new Promise(resolve => setTimeout(resolve, ms));
 const median = values => [...values].sort((a, b) => a - b)[Math.floor(values.length / 2)];
 const summary = values => `${median(values).toFixed(2)} (${Math.min(...values).toFixed(2)}–${Math.max(...values).toFixed(2)})`;
@@ -113,7 +117,4 @@ console.log(`| Measure | Page | Floor | Page / floor |
 | Main-thread time a banner tick, ms, ratio 2 | ${summary(results.tick2)} | ${summary(results.floor2)} | ${ratio(results.tick2, results.floor2)} |
 
 Site, gzip -9 each file: ${gz(loaded)} bytes loaded by the page (${loaded.join(', ')}); ${gz(walk(site))} bytes in all, with the licences and the source archive.`);
-await browser.close();
-server.kill();
-rmSync(root, {recursive: true, force: true});
-rmSync(profile, {recursive: true, force: true});
+process.exit(0);
