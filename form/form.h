@@ -22,7 +22,7 @@ enum class TimerId { Timer1, Timer2, Timer3 };
 // The one window and its controls, built from the layout, and the runtime's side of events:
 // whoever drives the form (a backend, or a test) delivers clicks and ticks through the public
 // calls below, one at a time, and shows what each returns: the controls it changed.
-// A subclass supplies the event procedures.
+// A subclass supplies the event procedures it has.
 //
 //     Form1 form;                   // controls laid out, Timer3 enabled
 //     show(Changes::all());         // a backend shows everything once
@@ -93,13 +93,14 @@ protected:
     // Picture1_Click(index) would play it. By default every click counts.
     virtual bool playable(int /*index*/) const { return true; }
 
-    virtual void Form_Load() = 0;
-    virtual void Command1_Click() = 0;
-    virtual void Command2_Click() = 0;
-    virtual void Picture1_Click(int index) = 0;
-    virtual void Timer1_Timer() = 0;
-    virtual void Timer2_Timer() = 0;
-    virtual void Timer3_Timer() = 0;
+    // The event procedures. An event without a procedure of the subclass's does nothing.
+    virtual void Form_Load() {}
+    virtual void Command1_Click() {}
+    virtual void Command2_Click() {}
+    virtual void Picture1_Click(int /*index*/) {}
+    virtual void Timer1_Timer() {}
+    virtual void Timer2_Timer() {}
+    virtual void Timer3_Timer() {}
 
 private:
     bool accepts_events() const { return loaded_ && !unloaded_; }

@@ -10,11 +10,11 @@
 set -euo pipefail
 
 build_dir=$(realpath "$1") app_id=$2 package=sanlian
-installed() { [[ $(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]; }
 (($(id -u) == 0)) || { echo "skipped: installing a package needs root"; exit 77; }
 [[ ${SANLIAN_DEB_TEST:-} == 1 || ${CI:-} == true ]] ||
     { echo "skipped: it installs and removes a package; set SANLIAN_DEB_TEST=1 to run it"; exit 77; }
-! installed $package || { echo "skipped: $package is installed already; leaving it alone"; exit 77; }
+[[ $(dpkg-query -W -f='${db:Status-Status}' $package 2>/dev/null) != installed ]] ||
+    { echo "skipped: $package is installed already; leaving it alone"; exit 77; }
 
 work=$(mktemp -d)
 chmod 755 "$work" # apt reads the local .deb as its unprivileged _apt user

@@ -39,9 +39,11 @@ std::string element(const std::string& tag, const std::string& attributes, const
            style + "\">" + content + "</" + tag + ">";
 }
 
-// Blanks are kept, as the rules begin and end with four.
-std::string label(const char* id, const Label& model, const std::string& style = {}) {
-    return element("div", "id=\"" + std::string(id) + "\"", model.bounds,
+// Blanks are kept, as the rules begin and end with four. Described as on the desktop.
+std::string label(const char* id, const Label& model, const char* description,
+                  const std::string& style = {}) {
+    return element("div", "id=\"" + std::string(id) + "\" aria-description=\"" + description + "\"",
+                   model.bounds,
                    "font: " + css_font(model.font) + "; text-align: " +
                        (model.alignment == Alignment::Centre ? "center" : "left") +
                        "; white-space: " + (model.word_wrap ? "pre-wrap; " : "pre; ") + style);
@@ -85,17 +87,17 @@ val form_element(const Form& form) {
     const std::string corners =
         "border-radius: " + px(appearance::corner_radius(frame.Width - 1, frame.Height - 1) + 0.5);
     html +=
-        label("Label1", form.Label1,
+        label("Label1", form.Label1, texts::kLabel1Description,
               "background-color: " + css_colour(appearance::kLabel1Background) + "; " + corners);
     html += element("div", "id=\"Shape1\"", form.Shape1.bounds, "border: 1px solid; " + corners);
-    html += label("Label2", form.Label2);
+    html += label("Label2", form.Label2, texts::kLabel2Description);
     for (const Button& button : buttons(form)) {
         html += element(
             "button",
             "id=\"" + std::string(button.id) + "\" aria-description=\"" + button.description + "\"",
             button.model->bounds, "font: " + css_font(button.model->font));
     }
-    html += label("Label3", form.Label3);
+    html += label("Label3", form.Label3, texts::kLabel3Description);
     html += "<canvas id=\"Image2\" aria-hidden=\"true\"></canvas>";
     html += "<div role=\"status\" class=\"status\"></div>";
 
