@@ -19,6 +19,11 @@ namespace form {
 enum class ButtonId { Command1, Command2 };
 enum class TimerId { Timer1, Timer2, Timer3 };
 
+// The control that stands for a timer among an event's changes.
+constexpr Control timer_control(TimerId id) {
+    return static_cast<Control>(static_cast<int>(Control::Timer1) + static_cast<int>(id));
+}
+
 // The one window and its controls, built from the layout, and the runtime's side of events:
 // whoever drives the form (a backend, or a test) delivers clicks and ticks through the public
 // calls below, one at a time, and shows what each returns: the controls it changed.

@@ -161,9 +161,9 @@ void Window::show_changed(const Changes& changes) {
     if (changes[Control::Shape1]) label1_->update();
     if (changes[Control::Image2]) image2_->show_image();
     for (std::size_t t = 0; t < timers_.size(); ++t) {
-        const bool enabled = form_.timer(static_cast<TimerId>(t)).Enabled;
-        const auto control = static_cast<Control>(static_cast<std::size_t>(Control::Timer1) + t);
-        if (changes[control] && enabled != timers_[t]->isActive())
+        const auto id = static_cast<TimerId>(t);
+        const bool enabled = form_.timer(id).Enabled;
+        if (changes[timer_control(id)] && enabled != timers_[t]->isActive())
             enabled ? timers_[t]->start() : timers_[t]->stop();
     }
     if (changes[Control::Form] && form_.unloaded()) close();

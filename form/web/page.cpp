@@ -19,9 +19,6 @@ namespace form::web {
 
 namespace {
 
-constexpr std::array<TimerId, 3> kTimerIds{TimerId::Timer1, TimerId::Timer2, TimerId::Timer3};
-constexpr std::array<Control, 3> kTimerControls{Control::Timer1, Control::Timer2, Control::Timer3};
-
 void set_attribute(val element, const char* name, const std::string& value) {
     element.call<void>("setAttribute", std::string(name), value);
 }
@@ -137,7 +134,7 @@ EM_BOOL on_button_click(int, const EmscriptenMouseEvent*, void* data) {
 
 void on_tick(void* data) {
     const auto& target = *static_cast<Page::Target*>(data);
-    target.page->tick(kTimerIds[static_cast<std::size_t>(target.index)]);
+    target.page->tick(static_cast<TimerId>(target.index));
 }
 
 EM_BOOL on_resize(int, const EmscriptenUiEvent*, void* data) {
@@ -236,10 +233,11 @@ void Page::show_changed(const Changes& changes) {
                   css_colour(form_.Shape1.BorderColor->value_or(appearance::kDefaultForeColor)));
     }
     if (changes[Control::Image2]) image2_.show(form_, ratio_);
-    for (std::size_t t = 0; t < kTimerIds.size(); ++t) {
-        const Timer& timer = form_.timer(kTimerIds[t]);
+    for (std::size_t t = 0; t < intervals_.size(); ++t) {
+        const auto id = static_cast<TimerId>(t);
+        const Timer& timer = form_.timer(id);
         long& interval = intervals_[t];
-        if (!changes[kTimerControls[t]] || timer.Enabled == (interval != 0)) continue;
+        if (!changes[timer_control(id)] || timer.Enabled == (interval != 0)) continue;
         if (timer.Enabled) {
             interval = emscripten_set_interval(on_tick, timer.Interval, &timer_targets_[t]);
         } else {
