@@ -3,7 +3,6 @@
 
 #include "form/web/banner_canvas.h"
 
-#include <cmath>
 #include <cstdint>
 #include <vector>
 
@@ -65,8 +64,8 @@ void BannerCanvas::show(const Form& form, double ratio) {
     placed_ = true;
     set_style(canvas_, "width", px(box.Width));
     set_style(canvas_, "height", px(box.Height));
-    const auto width = static_cast<int>(std::lround(box.Width * ratio));
-    const auto height = static_cast<int>(std::lround(box.Height * ratio));
+    const int width = device_pixels(box.Width, ratio);
+    const int height = device_pixels(box.Height, ratio);
     canvas_.set("width", width);
     canvas_.set("height", height);
     if (ratio != prepared_ratio_) {

@@ -3,6 +3,7 @@
 
 #include "form/web/dom.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -45,9 +46,13 @@ void place(val element, const Bounds& pixels, const std::string& declarations) {
     element["style"].set("cssText", placement(pixels) + declarations);
 }
 
+int device_pixels(int css, double ratio) {
+    return std::max(1, static_cast<int>(std::lround(css * ratio)));
+}
+
 val prepare_canvas(val canvas, int width, int height, double ratio) {
-    const auto device_width = std::lround(width * ratio);
-    const auto device_height = std::lround(height * ratio);
+    const int device_width = device_pixels(width, ratio);
+    const int device_height = device_pixels(height, ratio);
     canvas.set("width", device_width);
     canvas.set("height", device_height);
     val context = canvas.call<val>("getContext", std::string("2d"));

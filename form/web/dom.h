@@ -34,6 +34,10 @@ void place(val element, const Bounds& pixels, const std::string& declarations = 
 
 void set_style(val element, const char* property, const std::string& value);
 
+// Device pixels for `css` CSS pixels, never none: while a page is being resized its viewport may
+// for a moment be a pixel or two wide, and a canvas with no pixels cannot be drawn from.
+int device_pixels(int css, double ratio);
+
 // A canvas's backing store for a box of `width` x `height` CSS pixels at `ratio` device pixels to
 // a CSS pixel, and its context scaled to draw in CSS pixels. Setting the size clears it.
 val prepare_canvas(val canvas, int width, int height, double ratio);
